@@ -1,5 +1,7 @@
 #include "ZARODatos/platform/Error.h"
 
+#include <new>
+
 namespace OVT_ZARO {
 
 Error::Error(int32_t number, std::string source, std::string description)
@@ -30,6 +32,25 @@ std::string PlatformErrorText(int32_t number) {
 
 void RaisePlatform(int32_t number, const std::string& source) {
     throw Error(number, source, PlatformErrorText(number));
+}
+
+Error CurrentError() {
+    try {
+        throw;
+    } catch (const Error& e) {
+        return e;
+    } catch (const std::bad_alloc&) {
+        return Error(7, "", PlatformErrorText(7));
+    } catch (const std::exception& e) {
+        return Error(51, "", std::string("Internal error: ") + e.what());
+    } catch (...) {
+        return Error(51, "", "Internal error");
+    }
+}
+
+void Reraise(const std::string& source) {
+    Error e = CurrentError();
+    throw Error(e.Number, source, e.Description);
 }
 
 }  // namespace OVT_ZARO

@@ -30,6 +30,15 @@ std::string PlatformErrorText(int32_t number);
 // Raises number with the platform's text for it.
 [[noreturn]] void RaisePlatform(int32_t number, const std::string& source = "");
 
+// The exception being handled, as an Error: an Error as it is; running out
+// of memory as 7 "Out of memory"; any other exception as 51 "Internal
+// error: " and its text. REQUIRES: called inside a catch handler.
+Error CurrentError();
+
+// Raises the exception being handled again with its number and description
+// and a new source. REQUIRES: called inside a catch handler.
+[[noreturn]] void Reraise(const std::string& source);
+
 // Platform error numbers used across the library.
 namespace ErrNum {
 inline constexpr int32_t InvalidCall = 5;           // "Invalid procedure call or argument"

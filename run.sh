@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# The main job: installs what is missing, builds, and runs a trading day on
+# the embedded database with the host tool `zaro demo`. Extra arguments go to zaro.
+set -euo pipefail
+cd "$(dirname "$0")"
+source scripts/setup.sh
+zaro_build build/release -DCMAKE_BUILD_TYPE=Release -DZARO_TESTS=OFF -DZARO_BENCH=OFF
+if [ -x build/release/zaro ]; then
+  if (($#)); then exec build/release/zaro "$@"; else exec build/release/zaro demo; fi
+else
+  exec build/release/example_tour "$@"
+fi

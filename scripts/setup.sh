@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Installs the Debian packages the project needs when any is missing.
+# Quiet when all are in place. Sourced or run by run.sh and test.sh.
+set -euo pipefail
+
+ZARO_PACKAGES=(g++ cmake make pkg-config
+  libmariadbd-dev mariadb-server
+  libxml2-dev libicu-dev
+  googletest libgtest-dev libgmock-dev libbenchmark-dev
+  clang libclang-rt-14-dev)
+
+zaro_missing=()
+for p in "${ZARO_PACKAGES[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || zaro_missing+=("$p")
+done
+if ((${#zaro_missing[@]})); then
+  echo "Installing: ${zaro_missing[*]}"
+  SUDO=""
+  [ "$(id -u)" -eq 0 ] || SUDO="sudo"
+  export DEBIAN_FRONTEND=noninteractive
+  $SUDO apt-get update -qq
+  $SUDO apt-get install -y -qq --no-install-recommends "${zaro_missing[@]}" >/dev/null
+fi
+
+# Configures and builds one build folder: zaro_build DIR [cmake options...]
+zaro_build() {
+  local dir="$1"; shift
+  if [ ! -f "$dir/CMakeCache.txt" ]; then
+    cmake -S . -B "$dir" "$@" >/dev/null
+  fi
+  if ! cmake --build "$dir" -j"$(nproc)" >"$dir/build.log" 2>&1; then
+    cat "$dir/build.log"
+    echo "Build failed in $dir" >&2
+    return 1
+  fi
+}

@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# All tests: installs what is missing, builds the library and tests twice
+# (optimised, and Debug with AddressSanitizer and UndefinedBehaviorSanitizer),
+# fuzzes the text readers for a bounded time, then runs every test program
+# in both builds on the embedded database and on a MariaDB server.
+set -euo pipefail
+cd "$(dirname "$0")"
+source scripts/setup.sh
+zaro_build build/test -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZARO_BENCH=ON
+zaro_build build/asan -DCMAKE_BUILD_TYPE=Debug -DZARO_SANITIZE=ON -DZARO_BENCH=OFF
+bash scripts/fuzz.sh "${ZARO_FUZZ_SECONDS:-60}"
+export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:detect_stack_use_after_return=0}"
+export LSAN_OPTIONS="${LSAN_OPTIONS:-suppressions=$PWD/tests/support/lsan.supp}"
+export UBSAN_OPTIONS="${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}"
+echo "== sanitizer build =="
+ctest --test-dir build/asan --output-on-failure -j1
+echo "== optimised build =="
+ctest --test-dir build/test --output-on-failure -j1
