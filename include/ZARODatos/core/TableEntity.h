@@ -69,6 +69,9 @@ struct TablaDef {
     std::vector<std::string_view> OrderBy;
     std::vector<std::string_view> Insert;  // the column list of Insert
     std::string_view PrimaryKey;           // the key line of CrearTabla
+    // The fields that the list's Add and ItemClave take, in their order.
+    std::vector<std::string_view> ArgumentosAdd;
+    std::vector<std::string_view> ArgumentosItemClave;
 
     // Derived when the description is finished (Completar):
     std::vector<int16_t> PorClave;      // positions in Campos, in key order

@@ -1,0 +1,141 @@
+#include "ZARODatos/core/BasTroquel.h"
+
+#include "ZARODatos/platform/Conversions.h"
+#include "ZARODatos/platform/Error.h"
+#include "ZARODatos/platform/Screen.h"
+#include "ZARODatos/platform/XML.h"
+
+namespace OVT_ZARO::BasTroquel {
+
+int16_t RelanzarError(ByRef<std::string> Origen, ByRef<int16_t> bandera) {
+    Error e = CurrentError();
+    throw Error(e.Number, *Origen, e.Description);
+    return *bandera;  // never reached: the raise leaves the function
+}
+
+namespace {
+ADODB::Connection& Requerir(const ConnectionRef& conexion) {
+    if (!conexion) RaisePlatform(ErrNum::ObjectNotSet);
+    return *conexion;
+}
+}  // namespace
+
+void EjecutarSQL(ByRef<ConnectionRef> conexion, ByRef<std::string> sql) {
+    // No handler of its own: the database's number, source and text pass on.
+    try {
+        Requerir(*conexion).Execute(*sql, -1);
+    } catch (...) {
+        throw CurrentError();
+    }
+}
+
+Variant ObtenerValorSQL(ByRef<ConnectionRef> conexion, ByRef<std::string> sql, ByRef<std::string> nombre) {
+    ScreenServices& pantalla = Screen();
+    const int puntero = pantalla.GetMousePointer();
+    pantalla.SetMousePointer(vbHourglass);
+    try {
+        auto rs = std::make_shared<ADODB::Recordset>();
+        rs->CursorLocation = ADODB::adUseClient;
+        Requerir(*conexion);
+        rs->Open(*sql, *conexion, ADODB::adOpenForwardOnly, ADODB::adLockReadOnly, -1);
+        ADODB::Field& campo = nombre->empty() ? rs->Fields().Item(int32_t{0}) : rs->Fields().Item(std::string_view(*nombre));
+        Variant resultado;
+        if (rs->EOF_() || rs->BOF()) {
+            const int tipo = campo.Type();
+            // No row: the integer 0 for integer, double and numeric columns.
+            if (tipo == ADODB::adInteger || tipo == ADODB::adDouble || tipo == ADODB::adNumeric)
+                resultado = int16_t{0};
+            else
+                resultado = std::string();
+        } else {
+            resultado = campo.Value();
+        }
+        rs->Close();
+        pantalla.SetMousePointer(puntero);
+        return resultado;
+    } catch (...) {
+        pantalla.SetMousePointer(puntero);
+        throw CurrentError();
+    }
+}
+
+Variant ValorDeCampo(ADODB::Field& campo) {
+    // Carries on past any failure and returns what it has.
+    Variant resultado;
+    try {
+        resultado = campo.Value();
+        if (!resultado.IsNull()) return resultado;
+        switch (campo.Type()) {
+            case 3: case 14: case 5: case 131: case 4:  // integer, decimal, double, numeric, single
+            case 135: case 7: case 133:                 // time stamp, date, database date
+            case 11:                                    // boolean
+                resultado = int16_t{0};
+                break;
+            default:  // the text types and any other
+                resultado = std::string();
+                break;
+        }
+    } catch (...) {
+    }
+    return resultado;
+}
+
+Variant ValorPorDefecto(const Variant& valor, const Variant& defecto) {
+    if (valor.IsByteArray()) return valor;
+    if (valor.IsEmpty() || valor.IsNull()) return defecto;
+    if (const std::string* s = valor.GetIf<std::string>()) return s->empty() ? defecto : valor;
+    // An object can not be compared with the empty string: the test fails, so the default.
+    if (valor.IsObject()) return defecto;
+    return valor;
+}
+
+Variant LeerCampo(ADODB::Fields& Registro, std::string_view nombre, const Variant& defecto) {
+    try {
+        return ValorPorDefecto(Registro.Item(nombre).Value(), defecto);
+    } catch (...) {
+        return defecto;
+    }
+}
+
+std::string NormalizarNumero(std::string_view texto) {
+    try {
+        std::string s;
+        s.reserve(texto.size());
+        for (char ch : texto) {
+            if (ch == '.') continue;
+            s.push_back(ch == ',' ? '.' : ch);
+        }
+        if (IsNumeric(Variant(s))) return s;
+    } catch (...) {
+    }
+    return "0";
+}
+
+double NumeroNormalizado(const Variant& valor) {
+    if (const std::string* s = valor.GetIf<std::string>()) return Val(NormalizarNumero(*s));
+    return Val(NormalizarNumero(CStr(valor)));
+}
+
+std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::string> NombreElementoXML) {
+    try {
+        auto documento = XML::DOMDocument::Create();
+        if (NombreElementoXML->empty()) *NombreElementoXML = Entidad.Nombre();
+        auto raiz = documento->createElement(Variant(*NombreElementoXML));
+        documento->appendChild(raiz);
+        const int32_t n = Entidad.NumCampos();
+        // The index runs as a 16-bit integer.
+        for (int32_t i = 1; i <= n; ++i) {
+            int16_t indice = CInt(Variant(i));
+            auto elemento = documento->createElement(Variant(Entidad.GetNombreCampo(indice)));
+            raiz->appendChild(elemento);
+            Variant valor = Entidad.GetValorIndice(indice);
+            elemento->appendChild(documento->createTextNode(valor));
+        }
+        return raiz;
+    } catch (...) {
+        RelanzarError(std::string("EntidadToXML"), int16_t{0});
+        throw;
+    }
+}
+
+}  // namespace OVT_ZARO::BasTroquel

@@ -1,0 +1,220 @@
+#include "ZARODatos/core/TableEntity.h"
+
+#include <algorithm>
+
+#include "ZARODatos/platform/Conversions.h"
+#include "ZARODatos/platform/Error.h"
+#include "ZARODatos/platform/XML.h"
+
+namespace OVT_ZARO {
+
+namespace {
+const char kError[] = "#ERROR#";
+
+// Field names are ASCII: compared ignoring case without allocating.
+bool MismoNombre(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i) {
+        char x = a[i], y = b[i];
+        if (x >= 'a' && x <= 'z') x = static_cast<char>(x - 32);
+        if (y >= 'a' && y <= 'z') y = static_cast<char>(y - 32);
+        if (x != y) return false;
+    }
+    return true;
+}
+
+std::vector<int16_t> OrdenarPor(const std::vector<CampoDef>& campos, int16_t CampoDef::*lugar) {
+    std::vector<int16_t> r;
+    for (size_t i = 0; i < campos.size(); ++i)
+        if (campos[i].*lugar > 0) r.push_back(static_cast<int16_t>(i));
+    std::stable_sort(r.begin(), r.end(), [&](int16_t a, int16_t b) { return campos[a].*lugar < campos[b].*lugar; });
+    return r;
+}
+}  // namespace
+
+int TablaDef::Buscar(std::string_view nombre) const {
+    for (size_t i = 0; i < Campos.size(); ++i)
+        if (MismoNombre(Campos[i].Nombre, nombre)) return static_cast<int>(i);
+    return -1;
+}
+
+int TablaDef::PorIndice(int indice) const {
+    if (indice < 1 || static_cast<size_t>(indice) > Indices.size()) return -1;
+    return Indices[static_cast<size_t>(indice - 1)];
+}
+
+void TablaDef::Completar() {
+    PorClave = OrdenarPor(Campos, &CampoDef::Clave);
+    PorRequerido = OrdenarPor(Campos, &CampoDef::Requerido);
+    PorSet = OrdenarPor(Campos, &CampoDef::Set);
+    const std::string tabla(Tabla);
+    FuenteEntidad = tabla + "Entidad";
+    FuenteSetValor = tabla + "IEntidad_SetValor";
+    FuenteSetValorIndice = tabla + "IEntidad_SetValorIndice";
+    FuenteCargar = " " + std::string(ClaseEntidad);
+    FuenteAdapter = std::string(ClaseAdapter);
+    FuenteUpdate = tabla + "Update";
+}
+
+Variant LeerMiembro(IEntidad& e, const CampoDef& c) {
+    switch (c.Tipo) {
+        case TipoCampo::Entero: return Variant(e.*c.Miembro.Entero);
+        case TipoCampo::Doble: return Variant(e.*c.Miembro.Doble);
+        case TipoCampo::Fecha: return Variant(e.*c.Miembro.Fecha);
+        case TipoCampo::Texto: return Variant(e.*c.Miembro.Texto);
+    }
+    return {};
+}
+
+// A value of the wrong type for the field is a type mismatch.
+void AsignarMiembro(IEntidad& e, const CampoDef& c, int32_t v) {
+    if (c.Tipo == TipoCampo::Entero) e.*c.Miembro.Entero = v;
+    else if (c.Tipo == TipoCampo::Doble) e.*c.Miembro.Doble = v;
+    else RaisePlatform(ErrNum::TypeMismatch);
+}
+void AsignarMiembro(IEntidad& e, const CampoDef& c, double v) {
+    if (c.Tipo != TipoCampo::Doble) RaisePlatform(ErrNum::TypeMismatch);
+    e.*c.Miembro.Doble = v;
+}
+void AsignarMiembro(IEntidad& e, const CampoDef& c, Date v) {
+    if (c.Tipo != TipoCampo::Fecha) RaisePlatform(ErrNum::TypeMismatch);
+    e.*c.Miembro.Fecha = v;
+}
+void AsignarMiembro(IEntidad& e, const CampoDef& c, const std::string& v) {
+    if (c.Tipo != TipoCampo::Texto) RaisePlatform(ErrNum::TypeMismatch);
+    e.*c.Miembro.Texto = v;
+}
+
+void ConvertirYAsignar(IEntidad& e, const CampoDef& c, const Variant& v) {
+    switch (c.Tipo) {
+        case TipoCampo::Entero:
+            e.*c.Miembro.Entero = c.ConversionDirecta ? CLng(v) : CLng(Variant(BasTroquel::NumeroNormalizado(v)));
+            break;
+        case TipoCampo::Doble:
+            e.*c.Miembro.Doble = c.ConversionDirecta ? CDbl(v) : BasTroquel::NumeroNormalizado(v);
+            break;
+        case TipoCampo::Fecha:
+            // An unreadable date is no error: it stores the zero date.
+            e.*c.Miembro.Fecha = IsDate(v) ? CDate(v) : ZeroDate;
+            break;
+        case TipoCampo::Texto:
+            if (const std::string* s = v.GetIf<std::string>()) e.*c.Miembro.Texto = *s;
+            else e.*c.Miembro.Texto = CStr(v);
+            break;
+    }
+}
+
+namespace EntidadOps {
+
+Variant GetValor(IEntidad& e, const TablaDef& t, ByRef<std::string> Campo) {
+    try {
+        const std::string& nombre = *Campo;
+        if (nombre.empty()) {
+            if (t.CampoNombreVacio < 0) return Variant(nombre);
+            return LeerMiembro(e, t.Campos[static_cast<size_t>(t.CampoNombreVacio)]);
+        }
+        const int pos = t.Buscar(nombre);
+        if (pos < 0) return Variant(kError);
+        const CampoDef& c = t.Campos[static_cast<size_t>(pos)];
+        // The argument hides a column of the same name.
+        if (!t.NombreArgumento.empty() && c.Nombre == t.NombreArgumento) return Variant(nombre);
+        return LeerMiembro(e, c);
+    } catch (...) {
+        Reraise(t.FuenteEntidad);
+    }
+}
+
+Variant GetValorIndice(IEntidad& e, const TablaDef& t, int16_t indice) {
+    try {
+        const int pos = t.PorIndice(indice);
+        if (pos < 0) return Variant(kError);
+        return LeerMiembro(e, t.Campos[static_cast<size_t>(pos)]);
+    } catch (...) {
+        Reraise(t.FuenteEntidad);
+    }
+}
+
+std::string GetNombreCampo(const TablaDef& t, int16_t indice) {
+    try {
+        const int pos = t.PorIndice(indice);
+        if (pos < 0) return kError;
+        return std::string(t.Campos[static_cast<size_t>(pos)].Nombre);
+    } catch (...) {
+        Reraise(t.FuenteEntidad);
+    }
+}
+
+void SetValor(IEntidad& e, const TablaDef& t, ByRef<std::string> Campo, const Variant& valor) {
+    try {
+        const int pos = t.Buscar(*Campo);
+        if (pos < 0) throw Error(0, "", "Nombre campo incorrecto");
+        const CampoDef& c = t.Campos[static_cast<size_t>(pos)];
+        if (!t.NombreArgumento.empty() && c.Nombre == t.NombreArgumento) {
+            *Campo = CStr(valor);  // the argument hides the column: the caller's variable gets the value
+            return;
+        }
+        if (c.SetValorIgnoraValor) {
+            ConvertirYAsignar(e, c, LeerMiembro(e, c));
+            return;
+        }
+        ConvertirYAsignar(e, c, valor);
+    } catch (...) {
+        Reraise(t.FuenteSetValor);
+    }
+}
+
+void SetValorIndice(IEntidad& e, const TablaDef& t, int16_t indice, const Variant& valor) {
+    try {
+        const int pos = t.PorIndice(indice);
+        if (pos < 0) return;  // an index outside the table is ignored
+        ConvertirYAsignar(e, t.Campos[static_cast<size_t>(pos)], valor);
+    } catch (...) {
+        Reraise(t.FuenteSetValorIndice);
+    }
+}
+
+void CargarEntidad(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro) {
+    try {
+        const Variant cero(int16_t{0});
+        const Variant vacio(std::string{});
+        for (const CampoDef& c : t.Campos) {
+            switch (c.Tipo) {
+                case TipoCampo::Entero:
+                    e.*c.Miembro.Entero = CLng(BasTroquel::LeerCampo(Registro, c.Nombre, cero));
+                    break;
+                case TipoCampo::Doble:
+                    e.*c.Miembro.Doble = CDbl(BasTroquel::LeerCampo(Registro, c.Nombre, cero));
+                    break;
+                case TipoCampo::Fecha:
+                    e.*c.Miembro.Fecha = CDate(BasTroquel::LeerCampo(Registro, c.Nombre, cero));
+                    break;
+                case TipoCampo::Texto: {
+                    Variant v = BasTroquel::LeerCampo(Registro, c.Nombre, vacio);
+                    if (std::string* s = v.Is<std::string>() ? &v.Get<std::string>() : nullptr)
+                        e.*c.Miembro.Texto = std::move(*s);
+                    else
+                        e.*c.Miembro.Texto = CStr(v);
+                    break;
+                }
+            }
+        }
+    } catch (...) {
+        Error err = CurrentError();
+        // The fields read so far stay: the load is not undone.
+        if (err.Number == ErrNum::ItemNotFound)
+            throw Error(3, t.FuenteCargar, "La estructura del registro no coincide con la entidad");
+        throw Error(err.Number, t.FuenteCargar, err.Description);
+    }
+}
+
+std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const TablaDef& t, ByRef<std::string> NombreElementoXML) {
+    try {
+        if (NombreElementoXML->empty()) *NombreElementoXML = e.Nombre();
+        return BasTroquel::EntidadToXML(e, NombreElementoXML);
+    } catch (...) {
+        Reraise(std::string(t.FuenteToXML));
+    }
+}
+
+}  // namespace EntidadOps
+}  // namespace OVT_ZARO
