@@ -64,16 +64,18 @@ Variant ValorDeCampo(ADODB::Field& campo) {
     Variant resultado;
     try {
         resultado = campo.Value();
-        if (!resultado.IsNull()) return resultado;
+    } catch (...) {
+        return resultado;
+    }
+    if (!resultado.IsNull()) return resultado;
+    try {
         switch (campo.Type()) {
             case 3: case 14: case 5: case 131: case 4:  // integer, decimal, double, numeric, single
             case 135: case 7: case 133:                 // time stamp, date, database date
             case 11:                                    // boolean
-                resultado = int16_t{0};
-                break;
+                return Variant(int16_t{0});
             default:  // the text types and any other
-                resultado = std::string();
-                break;
+                return Variant(std::string_view());
         }
     } catch (...) {
     }
