@@ -22,8 +22,12 @@ struct HostLocale {
     char GroupSeparator = '.';
     std::string ShortDate = "dd/mm/yyyy";
     std::string LongTime = "H:mm:ss";
+    // The currency symbol a number text may carry before or after it (UTF-8 "€").
+    std::string CurrencySymbol = "\xE2\x82\xAC";
 
     static const HostLocale& Current();
+    // A locale whose separators are equal, digits, signs or "E", or whose
+    // ShortDate lacks d, m or y, raises 5 and leaves the current one.
     static void Set(const HostLocale& locale);
 };
 
@@ -42,7 +46,8 @@ bool CBool(const Variant& v);
 
 // True exactly when CDbl would accept the value.
 bool IsNumeric(const Variant& v);
-// True when CDate would accept the value (day first for text).
+// True for a Date, and for text that CDate reads (day first for text);
+// false for numbers and everything else, as the platform's IsDate.
 bool IsDate(const Variant& v);
 
 // The leading number of a text with "." as decimal point whatever the
