@@ -1,12 +1,18 @@
 // The XML document service over libxml2: a document, its elements and text
 // nodes, and their XML text.
 //
-// Every Create gives a new document of its own. Elements and text nodes keep
-// their document alive. createElement refuses a name that is not an XML
-// name: error 5001 "Invalid XML name: <name>" (5000 + 1, source
-// "XML.DOMDocument"). createTextNode takes a value in its default string form
-// (CStr), so 12.5 arrives as "12,5" and the date 0 as "0:00:00". The XML text
-// escapes "<", "&" and ">".
+// Every Create gives a new document of its own. Nodes keep their document
+// alive; asking twice for the same node gives the same object. Text is UTF-8.
+// Errors (source "XML.DOMDocument"):
+//   5001 kInvalidName  createElement with an empty name or one that is not an
+//                      XML name: "Invalid XML name: <name>";
+//   5002 kNotAllowed   a node put where it can not go: from another document,
+//                      into itself or its own descendant, a second document
+//                      element, text at the top of the document;
+//   5003 kInvalidText  createTextNode with text that is not valid UTF-8.
+// createTextNode takes a value in its default string form (CStr), so 12.5
+// arrives as "12,5" and the date 0 as "0:00:00" (Null raises 94 there). The
+// XML text escapes "<", "&" and ">" and has no declaration.
 // Thread: one thread at a time per document.
 #pragma once
 
@@ -25,20 +31,31 @@ namespace OVT_ZARO::XML {
 
 inline constexpr int32_t kInvalidName = 5001;
 inline constexpr int32_t kNotAllowed = 5002;
+inline constexpr int32_t kInvalidText = 5003;
 
 class DOMDocument;
+class IXMLDOMElement;
+class IXMLDOMText;
 
 class IXMLDOMNode : public Object {
 public:
+    ~IXMLDOMNode() override;
+    IXMLDOMNode(const IXMLDOMNode&) = delete;
+    IXMLDOMNode& operator=(const IXMLDOMNode&) = delete;
+
+    // The element's name; "#text" for a text node.
     std::string nodeName() const;
     // The text of the node and of all its descendants.
     std::string text() const;
     // The node's XML text.
     std::string xml() const;
     std::shared_ptr<DOMDocument> ownerDocument() const { return doc_; }
+    // The child nodes, in order (none for a text node).
+    std::vector<std::shared_ptr<IXMLDOMNode>> childNodes() const;
+    bool hasChildNodes() const;
 
     // Internal.
-    IXMLDOMNode(std::shared_ptr<DOMDocument> doc, _xmlNode* node) : doc_(std::move(doc)), node_(node) {}
+    IXMLDOMNode(std::shared_ptr<DOMDocument> doc, _xmlNode* node);
     _xmlNode* Native() const { return node_; }
 
 protected:
@@ -56,11 +73,11 @@ class IXMLDOMElement : public IXMLDOMNode {
 public:
     using IXMLDOMNode::IXMLDOMNode;
     std::string TypeName() const override { return "IXMLDOMElement"; }
-    // Appends a node of the same document; a node of another document
-    // raises kNotAllowed.
-    void appendChild(const std::shared_ptr<IXMLDOMNode>& child);
-    // The child nodes, in order.
-    std::vector<std::shared_ptr<IXMLDOMNode>> childNodes() const;
+    // Appends a node of the same document as the last child, moving it from
+    // where it was. Gives the node back.
+    std::shared_ptr<IXMLDOMElement> appendChild(const std::shared_ptr<IXMLDOMElement>& child);
+    std::shared_ptr<IXMLDOMText> appendChild(const std::shared_ptr<IXMLDOMText>& child);
+    std::shared_ptr<IXMLDOMNode> appendChild(const std::shared_ptr<IXMLDOMNode>& child);
 };
 
 class DOMDocument : public Object {
@@ -72,18 +89,23 @@ public:
 
     std::shared_ptr<IXMLDOMElement> createElement(const Variant& tagName);
     std::shared_ptr<IXMLDOMText> createTextNode(const Variant& data);
-    // Makes the element the document element.
-    void appendChild(const std::shared_ptr<IXMLDOMElement>& element);
+    // Makes the element the document element (there is one at most).
+    std::shared_ptr<IXMLDOMElement> appendChild(const std::shared_ptr<IXMLDOMElement>& element);
+    std::shared_ptr<IXMLDOMNode> appendChild(const std::shared_ptr<IXMLDOMNode>& node);
+    // The document element, or nullptr.
     std::shared_ptr<IXMLDOMElement> documentElement();
-    // The document's XML text, without a declaration.
+    // The document's XML text: its document element's, without a declaration.
     std::string xml() const;
 
     std::string TypeName() const override { return "DOMDocument"; }
 
+    // Internal: the one wrapper of a node of this document.
+    std::shared_ptr<IXMLDOMNode> Wrap(_xmlNode* node);
+
 private:
     DOMDocument();
     _xmlDoc* doc_;
-    std::vector<_xmlNode*> creados_;  // every node made here, to free those left outside the tree
+    std::vector<_xmlNode*> created_;  // every node made here, to free those left outside the tree
 };
 
 }  // namespace OVT_ZARO::XML

@@ -1,0 +1,62 @@
+#include "ZARODatos/platform/ADODB.h"
+#include "ZARODatos/platform/Error.h"
+#include "platform/adodb/ConnectionString.h"
+#include "platform/adodb/RecordsetImpl.h"
+#include "platform/adodb/Session.h"
+
+namespace OVT_ZARO::ADODB {
+
+namespace {
+const char* const kSource = "ADODB.Connection";
+[[noreturn]] void Raise(int32_t number) { throw Error(number, kSource, AdoErrorText(number)); }
+}  // namespace
+
+Connection::Connection() = default;
+
+Connection::~Connection() {
+    try {
+        if (session_) session_->Close();
+    } catch (...) {
+    }
+}
+
+void Connection::Open(const std::string& connectionString) {
+    if (State() == adStateOpen) Raise(AdoErr::ObjectOpen);
+    if (!connectionString.empty()) ConnectionString = connectionString;
+    const detail::ConnectionOptions options = detail::ParseConnectionString(ConnectionString);
+    session_ = detail::Session::Open(options);
+}
+
+void Connection::Close() {
+    if (State() != adStateOpen) Raise(AdoErr::ObjectClosed);
+    auto s = std::move(session_);
+    s->Close();
+}
+
+int Connection::State() const { return session_ && session_->IsOpen() ? adStateOpen : adStateClosed; }
+
+bool Connection::IsEmbedded() const { return session_ && session_->Embedded(); }
+
+int64_t Connection::RecordsAffected() const { return session_ ? session_->lastAffected : -1; }
+
+std::shared_ptr<Recordset> Connection::Execute(const std::string& CommandText, int Options) {
+    if (State() != adStateOpen) Raise(AdoErr::ConnectionUnusable);
+    detail::Session* s = session_.get();
+    const bool noRecords = Options != -1 && (Options & adExecuteNoRecords) != 0;
+    MYSQL_RES* res = s->Call([&] {
+        MYSQL_RES* r = s->QueryStored(CommandText, kSource);
+        if (r && noRecords) {
+            mysql_free_result(r);
+            r = nullptr;
+        }
+        return r;
+    });
+    if (!res) return nullptr;
+    auto rs = std::make_shared<Recordset>();
+    rs->impl_->Adopt(session_, res);
+    rs->CursorType = adOpenStatic;
+    rs->CursorLocation = adUseClient;
+    return rs;
+}
+
+}  // namespace OVT_ZARO::ADODB

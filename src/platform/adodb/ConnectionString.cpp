@@ -1,0 +1,181 @@
+#include "platform/adodb/ConnectionString.h"
+
+#include <charconv>
+
+#include "ZARODatos/platform/ADODB.h"
+#include "ZARODatos/platform/Error.h"
+
+namespace OVT_ZARO::ADODB::detail {
+
+namespace {
+
+const char* const kSource = "ADODB.Connection";
+
+[[noreturn]] void Bad(const std::string& what) {
+    throw Error(AdoErr::InvalidArgument, kSource, "Connection string: " + what);
+}
+
+// The key folded: ASCII letters lower case, blanks and underscores dropped.
+std::string FoldKey(std::string_view key) {
+    std::string k;
+    for (char c : key) {
+        if (c == ' ' || c == '\t' || c == '_') continue;
+        k.push_back((c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c);
+    }
+    return k;
+}
+
+std::string_view TrimBlanks(std::string_view s) {
+    while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
+    while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.remove_suffix(1);
+    return s;
+}
+
+unsigned ParseUnsigned(const std::string& key, const std::string& value, unsigned max) {
+    unsigned v = 0;
+    auto [p, ec] = std::from_chars(value.data(), value.data() + value.size(), v);
+    if (value.empty() || ec != std::errc() || p != value.data() + value.size() || v > max)
+        Bad("the value of " + key + " must be a whole number from 0 to " + std::to_string(max) + ", not '" + value +
+            "'");
+    return v;
+}
+
+bool ParseFlag(const std::string& key, const std::string& value) {
+    const std::string v = FoldKey(value);
+    if (v == "true" || v == "yes" || v == "on" || v == "1") return true;
+    if (v == "false" || v == "no" || v == "off" || v == "0") return false;
+    Bad("the value of " + key + " must be true or false, not '" + value + "'");
+}
+
+const char* const kKnownKeys =
+    "DataDir, EmbeddedOptions, Server (or Host), Port, Socket, User (or UID), Password (or PWD), Database, "
+    "NoBackslashEscapes, ConnectTimeout, CommandTimeout";
+
+}  // namespace
+
+std::vector<std::string> SplitServerOptions(std::string_view text) {
+    std::vector<std::string> out;
+    std::string cur;
+    bool inToken = false;
+    char quote = 0;
+    for (char c : text) {
+        if (quote) {
+            if (c == quote) quote = 0;
+            else cur.push_back(c);
+        } else if (c == '"' || c == '\'') {
+            quote = c;
+            inToken = true;
+        } else if (c == ' ' || c == '\t' || c == '\n' || c == '\r') {
+            if (inToken) out.push_back(std::move(cur));
+            cur.clear();
+            inToken = false;
+        } else {
+            cur.push_back(c);
+            inToken = true;
+        }
+    }
+    if (quote) Bad("an option of EmbeddedOptions lacks its closing quote");
+    if (inToken) out.push_back(std::move(cur));
+    return out;
+}
+
+ConnectionOptions ParseConnectionString(std::string_view text) {
+    ConnectionOptions o;
+    bool embeddedKey = false, serverKey = false, databaseGiven = false;
+    std::vector<std::string> seen;
+    size_t i = 0;
+    const size_t n = text.size();
+    while (i < n) {
+        // Key up to '='.
+        size_t eq = text.find_first_of("=;", i);
+        if (eq == std::string_view::npos || text[eq] == ';') {
+            std::string_view rest = TrimBlanks(text.substr(i, eq == std::string_view::npos ? n - i : eq - i));
+            if (!rest.empty()) Bad("'" + std::string(rest) + "' has no '=' and value");
+            i = (eq == std::string_view::npos) ? n : eq + 1;
+            continue;
+        }
+        const std::string rawKey(TrimBlanks(text.substr(i, eq - i)));
+        if (rawKey.empty()) Bad("a value has no key");
+        i = eq + 1;
+        while (i < n && (text[i] == ' ' || text[i] == '\t')) ++i;
+        std::string value;
+        if (i < n && (text[i] == '"' || text[i] == '\'')) {
+            const char q = text[i++];
+            bool closed = false;
+            while (i < n) {
+                if (text[i] == q) {
+                    if (i + 1 < n && text[i + 1] == q) {
+                        value.push_back(q);
+                        i += 2;
+                        continue;
+                    }
+                    ++i;
+                    closed = true;
+                    break;
+                }
+                value.push_back(text[i++]);
+            }
+            if (!closed) Bad("the value of " + rawKey + " lacks its closing quote");
+            while (i < n && (text[i] == ' ' || text[i] == '\t')) ++i;
+            if (i < n && text[i] != ';') Bad("text after the quoted value of " + rawKey);
+            if (i < n) ++i;
+        } else {
+            size_t semi = text.find(';', i);
+            if (semi == std::string_view::npos) semi = n;
+            value = std::string(TrimBlanks(text.substr(i, semi - i)));
+            i = semi < n ? semi + 1 : n;
+        }
+        std::string key = FoldKey(rawKey);
+        // Aliases.
+        if (key == "host") key = "server";
+        else if (key == "uid" || key == "userid" || key == "username") key = "user";
+        else if (key == "pwd") key = "password";
+        else if (key == "db") key = "database";
+        for (const auto& s : seen)
+            if (s == key) Bad("the key " + rawKey + " is given twice");
+        seen.push_back(key);
+
+        if (key == "datadir") {
+            if (value.empty()) Bad("DataDir is empty");
+            o.dataDir = value;
+            embeddedKey = true;
+        } else if (key == "embeddedoptions") {
+            o.serverOptions = SplitServerOptions(value);
+            embeddedKey = true;
+        } else if (key == "server") {
+            if (value.empty()) Bad("Server is empty");
+            o.host = value;
+            serverKey = true;
+        } else if (key == "port") {
+            o.port = ParseUnsigned(rawKey, value, 65535);
+            serverKey = true;
+        } else if (key == "socket") {
+            if (value.empty()) Bad("Socket is empty");
+            o.socket = value;
+            serverKey = true;
+        } else if (key == "user") {
+            o.user = value;
+        } else if (key == "password") {
+            o.password = value;
+        } else if (key == "database") {
+            o.database = value;
+            databaseGiven = true;
+        } else if (key == "nobackslashescapes") {
+            o.noBackslashEscapes = ParseFlag(rawKey, value);
+        } else if (key == "connecttimeout") {
+            o.connectTimeout = ParseUnsigned(rawKey, value, 31536000);
+        } else if (key == "commandtimeout") {
+            o.commandTimeout = ParseUnsigned(rawKey, value, 31536000);
+        } else {
+            Bad("unknown key '" + rawKey + "'; the keys are " + kKnownKeys);
+        }
+    }
+    if (serverKey && o.host.empty() && o.socket.empty()) Bad("Port needs Server (or Host)");
+    if (serverKey && embeddedKey) Bad("DataDir and EmbeddedOptions belong to the embedded database, not to a server");
+    o.embedded = !serverKey;
+    if (o.embedded && !databaseGiven) o.database = "zaro";
+    if (o.embedded && o.database.empty()) Bad("Database is empty");
+    return o;
+}
+
+}  // namespace OVT_ZARO::ADODB::detail

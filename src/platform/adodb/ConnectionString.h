@@ -1,0 +1,33 @@
+// The keys of a connection string (internal). See README.md, "Connection strings".
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace OVT_ZARO::ADODB::detail {
+
+struct ConnectionOptions {
+    bool embedded = true;
+    std::string dataDir = "zaro-data";  // embedded: the data folder, relative to the current directory
+    std::vector<std::string> serverOptions;  // embedded: extra options of the in-process server
+    std::string host;
+    unsigned port = 3306;
+    std::string socket;
+    std::string user;
+    std::string password;
+    std::string database;  // embedded default "zaro"; server: none unless given
+    bool noBackslashEscapes = true;
+    unsigned connectTimeout = 15;  // seconds, server road; 0 waits for ever
+    unsigned commandTimeout = 30;  // seconds, server road; 0 waits for ever
+};
+
+// Parses "Key=Value;Key=Value". Keys ignore case, blanks and underscores;
+// a value may be quoted with " or ' (a doubled quote stands for itself).
+// An unknown key, a key given twice, a bad number or a bad flag raises 3001.
+ConnectionOptions ParseConnectionString(std::string_view text);
+
+// Splits a list of server options at blanks, honouring " and ' quotes.
+std::vector<std::string> SplitServerOptions(std::string_view text);
+
+}  // namespace OVT_ZARO::ADODB::detail

@@ -1,0 +1,75 @@
+// Session (internal): one open session with a database, its engine thread and
+// the recordsets open on it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <mysql.h>
+
+#include "platform/adodb/ConnectionString.h"
+#include "platform/adodb/EngineThread.h"
+
+namespace OVT_ZARO::ADODB::detail {
+
+class RecordsetImpl;
+
+class Session : public std::enable_shared_from_this<Session> {
+public:
+    // Opens a session; raises on failure.
+    static std::shared_ptr<Session> Open(const ConnectionOptions& options);
+    ~Session();
+
+    // Runs f on the engine thread.
+    template <class F>
+    auto Call(F&& f) {
+        return thread_->Run(std::forward<F>(f));
+    }
+
+    bool IsOpen() const { return mysql_ != nullptr || lost_; }
+    bool Embedded() const { return options_.embedded; }
+    MYSQL* Handle() const { return mysql_; }
+
+    // Before a statement: a session whose server was lost is opened again
+    // (its recordsets are closed). Raises when that fails.
+    // REQUIRES: on the engine thread.
+    void EnsureConnected(const char* source);
+    // Raises the error of the handle with source, noting a lost server.
+    // REQUIRES: on the engine thread.
+    [[noreturn]] void RaiseLast(const char* source);
+    [[noreturn]] void RaiseStmt(MYSQL_STMT* stmt, const char* source);
+    // Notes a lost server after a client error number.
+    void NoteError(unsigned errNo);
+
+    // Runs a statement as text and stores its first result (null when it has
+    // none). Extra results are read and dropped.
+    // REQUIRES: on the engine thread.
+    MYSQL_RES* QueryStored(const std::string& sql, const char* source);
+
+    // Closes the recordsets and the session.
+    void Close();
+    // At process exit: the same, and no engine call afterwards.
+    void CloseForExit();
+
+    void AddRecordset(RecordsetImpl* r);
+    void RemoveRecordset(RecordsetImpl* r);
+
+    int64_t lastAffected = -1;
+
+private:
+    explicit Session(const ConnectionOptions& options);
+    void Connect();      // on the engine thread
+    void Disconnect();   // on the engine thread
+    void CloseRecordsets();
+
+    ConnectionOptions options_;
+    std::unique_ptr<EngineThread> thread_;
+    MYSQL* mysql_ = nullptr;
+    bool lost_ = false;
+    bool registered_ = false;
+    bool exited_ = false;
+    std::vector<RecordsetImpl*> recordsets_;
+};
+
+}  // namespace OVT_ZARO::ADODB::detail
