@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "ZARODatos/core/BasTroquel.h"
+#include "ZARODatos/platform/Error.h"
 
 using namespace OVT_ZARO;
 using namespace OVT_ZARO::BasTroquel;
