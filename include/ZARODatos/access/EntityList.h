@@ -1,5 +1,6 @@
 // The list base shared by every list with queries: the typed lists of the
-// tables and the generic list.
+// tables and the generic list. Its collection part, EntityCollection, also
+// serves the lists without queries (the element and simple key lists).
 //
 // A list owns one private collection of entity references, one-based, in
 // insertion order, without keys; it holds references, not copies, so an
@@ -34,15 +35,13 @@ namespace detail {
 inline double ValorParaTotal(const Variant& v) { return Val(BasTroquel::NormalizarNumero(CStr(v))); }
 }  // namespace detail
 
-template <class Self, class E>
-class EntityList : public IListaEntidades {
+// The collection part of every list, with or without queries: Count, Item,
+// Remove, enumeration and appending without a key.
+template <class E>
+class EntityCollection : public IListaEntidades {
 public:
     using Entity = E;
     using EntityRef = std::shared_ptr<E>;
-
-    // DelegadoEvaluaElementoWhere(idProceso, elem, boolResultado): raised by
-    // WhereDelegado for each element; true in boolResultado keeps it.
-    Event<std::string, EntityRef, bool> DelegadoEvaluaElementoWhere;
 
     int32_t Count() const { return items_.Count(); }
     EntityRef Item(const Variant& vntIndexKey) { return items_.Item(vntIndexKey); }
@@ -52,6 +51,26 @@ public:
     // The collection's own enumeration (NewEnum).
     auto begin() const { return items_.begin(); }
     auto end() const { return items_.end(); }
+
+    // Appends without a key (the body of AddEntidad and of the queries).
+    void Anexar(const EntityRef& e) { items_.Add(e); }
+    void Reservar(size_t n) { items_.Reserve(n); }
+
+protected:
+    BasicCollection<EntityRef> items_;
+};
+
+// The list of the seven queries: the collection part and the queries on top.
+template <class Self, class E>
+class EntityList : public EntityCollection<E> {
+public:
+    using typename EntityCollection<E>::Entity;
+    using typename EntityCollection<E>::EntityRef;
+    using EntityCollection<E>::Count;
+
+    // DelegadoEvaluaElementoWhere(idProceso, elem, boolResultado): raised by
+    // WhereDelegado for each element; true in boolResultado keeps it.
+    Event<std::string, EntityRef, bool> DelegadoEvaluaElementoWhere;
 
     // A new list with the elements sorted by the field: a bubble sort of
     // exactly Count passes with no early exit, swapping only on strictly
@@ -155,12 +174,8 @@ public:
         return resultado;
     }
 
-    // Appends without a key (the body of AddEntidad and of the queries).
-    void Anexar(const EntityRef& e) { items_.Add(e); }
-    void Reservar(size_t n) { items_.Reserve(n); }
-
 protected:
-    BasicCollection<EntityRef> items_;
+    using EntityCollection<E>::items_;
 };
 
 }  // namespace OVT_ZARO
