@@ -493,7 +493,7 @@ TEST_P(AdapterArticulo, AFailedReadIsNotLoggedAndRaisesWithTheAdaptersSource) {
 
 TEST_P(AdapterArticulo, ListarKeepsTheRowsOfTheQueryIncludingEqualKeys) {
     da->Insert(*Nuevo("A"));
-    auto l = da->Listar_SQLQuery("select * from articulo union all select * from articulo");
+    auto l = da->Listar_SQLQuery("select * from articulo union all select * from articulo order by CD_ARTICULO");
     EXPECT_EQ(l->Count(), 2);
 }
 
@@ -543,7 +543,7 @@ TEST_P(AdapterArticulo, ObtenerValorSqlWithNoRowsGivesZeroForANumberAndEmptyText
     ConnectionRef c = cn;
     EXPECT_EQ(CLng(BasTroquel::ObtenerValorSQL(c, "select CD_OP from articulo", "")), 0);
     EXPECT_EQ(BasTroquel::ObtenerValorSQL(c, "select CD_OP from articulo", "").VarType(), vbInteger);
-    EXPECT_EQ(BasTroquel::ObtenerValorSQL(c, "select PRECIOMAX from articulo", "CD_OP").VarType(), vbString);
+    EXPECT_EQ(BasTroquel::ObtenerValorSQL(c, "select FECHA_REAL from articulo", "").VarType(), vbString);
     EXPECT_EQ(BasTroquel::ObtenerValorSQL(c, "select PRECIOMAX from articulo", "PRECIOMAX"), Variant(int16_t{0}));
     EXPECT_EQ(BasTroquel::ObtenerValorSQL(c, "select DESC_CORTA from articulo", ""), Variant(""));
 }

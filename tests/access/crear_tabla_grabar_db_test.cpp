@@ -59,8 +59,8 @@ protected:
 TEST_P(CrearYGrabar, WithNoTableCreatesItAndReturnsTrue) {
     size_t mark = zaro_test::GeneralLogMark(GetParam());
     EXPECT_TRUE(da->CrearTabla());
-    EXPECT_TRUE(Existe("articulo"));
     EXPECT_EQ(Enviadas(mark), (std::vector<std::string>{"SHOW TABLES LIKE 'articulo'", kCreate}));
+    EXPECT_TRUE(Existe("articulo"));
     EXPECT_EQ(da->LogSQL, nullptr);
 }
 
