@@ -1,0 +1,36 @@
+// ZARODatos: everything a host needs, in one header.
+//
+//   Platform   Variant, Date, Error, Collection, conversions under the host's
+//              locale, screen services, ADODB (Connection, Recordset, Fields)
+//              and the XML document.
+//   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel.
+//   Access     the adapter and typed-list templates, DataAdapters.
+//   Tables     ent/col/da of the ten tables.
+//   Generic    entElemento, entidadGenerica, entEntidadSimple and their lists.
+#pragma once
+
+#include "ZARODatos/platform/ADODB.h"
+#include "ZARODatos/platform/ByRef.h"
+#include "ZARODatos/platform/Collection.h"
+#include "ZARODatos/platform/Conversions.h"
+#include "ZARODatos/platform/Date.h"
+#include "ZARODatos/platform/Error.h"
+#include "ZARODatos/platform/Event.h"
+#include "ZARODatos/platform/Screen.h"
+#include "ZARODatos/platform/Variant.h"
+#include "ZARODatos/platform/XML.h"
+
+#include "ZARODatos/core/BasTroquel.h"
+#include "ZARODatos/core/Contracts.h"
+#include "ZARODatos/core/TableEntity.h"
+
+#include "ZARODatos/access/DataAdapters.h"
+#include "ZARODatos/access/EntityList.h"
+#include "ZARODatos/access/TableAdapter.h"
+#include "ZARODatos/access/TypedList.h"
+
+#include "ZARODatos/tables/Tables.h"
+
+#include "ZARODatos/generic/Elementos.h"
+#include "ZARODatos/generic/EntidadSimple.h"
+#include "ZARODatos/generic/Generica.h"
