@@ -132,6 +132,41 @@ int RunProgram(const std::vector<std::string>& argv, const std::string& logFile)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
+namespace {
+
+std::string* g_template = nullptr;
+
+void RemoveTemplate() {
+    if (g_template) RemoveFolder(*g_template);
+}
+
+// A data folder made once per test program by mariadb-install-db; each
+// server starts on a copy of it.
+const std::string& InstalledTemplate() {
+    if (g_template) return *g_template;
+    const std::string dir = MakeTempFolder();
+    std::vector<std::string> install{FindProgram("mariadb-install-db"),
+                                     "--no-defaults",
+                                     "--datadir=" + dir + "/data",
+                                     "--auth-root-authentication-method=normal",
+                                     "--skip-test-db",
+                                     "--skip-name-resolve",
+                                     "--innodb-log-file-size=8M",
+                                     "--innodb-buffer-pool-size=16M"};
+    if (IsRoot()) install.push_back("--user=root");
+    const int rc = RunProgram(install, dir + "/install.log");
+    if (rc != 0) {
+        const std::string log = Tail(ReadAll(dir + "/install.log"), 2000);
+        RemoveFolder(dir);
+        throw std::runtime_error("mariadb-install-db failed (" + std::to_string(rc) + "): " + log);
+    }
+    g_template = new std::string(dir);
+    std::atexit(RemoveTemplate);
+    return *g_template;
+}
+
+}  // namespace
+
 MariaDbServer::MariaDbServer(int port) {
     dir_ = MakeTempFolder();
     try {
@@ -139,19 +174,7 @@ MariaDbServer::MariaDbServer(int port) {
         socket_ = dir_ + "/mysqld.sock";
         generalLog_ = dir_ + "/general.log";
         errorLog_ = dir_ + "/error.log";
-        std::vector<std::string> install{FindProgram("mariadb-install-db"),
-                                         "--no-defaults",
-                                         "--datadir=" + dataDir_,
-                                         "--auth-root-authentication-method=normal",
-                                         "--skip-test-db",
-                                         "--skip-name-resolve",
-                                         "--innodb-log-file-size=8M",
-                                         "--innodb-buffer-pool-size=16M"};
-        if (IsRoot()) install.push_back("--user=root");
-        const int rc = RunProgram(install, dir_ + "/install.log");
-        if (rc != 0)
-            throw std::runtime_error("mariadb-install-db failed (" + std::to_string(rc) +
-                                     "): " + Tail(ReadAll(dir_ + "/install.log"), 2000));
+        fs::copy(InstalledTemplate() + "/data", dataDir_, fs::copy_options::recursive);
         port_ = port > 0 ? port : FreeLoopbackPort();
         Start();
     } catch (...) {
@@ -220,6 +243,7 @@ void MariaDbServer::Start() {
 
 void MariaDbServer::Stop() {
     if (pid_ <= 0) return;
+    kill(pid_, SIGCONT);
     kill(pid_, SIGTERM);
     using namespace std::chrono;
     const auto deadline = steady_clock::now() + seconds(30);
@@ -233,6 +257,31 @@ void MariaDbServer::Stop() {
         std::this_thread::sleep_for(milliseconds(20));
     }
     Kill();
+}
+
+void MariaDbServer::Pause() {
+    if (pid_ <= 0) return;
+    kill(pid_, SIGSTOP);
+    // The stop reaches each thread in turn: wait until all have stopped.
+    const std::string tasks = "/proc/" + std::to_string(pid_) + "/task";
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (std::chrono::steady_clock::now() < deadline) {
+        bool all = true;
+        std::error_code ec;
+        for (const auto& t : fs::directory_iterator(tasks, ec)) {
+            const std::string stat = ReadAll(t.path().string() + "/stat");
+            const size_t close = stat.rfind(')');
+            if (close == std::string::npos || close + 2 >= stat.size()) continue;
+            const char state = stat[close + 2];
+            if (state != 'T' && state != 't') all = false;
+        }
+        if (all) return;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+}
+
+void MariaDbServer::Resume() {
+    if (pid_ > 0) kill(pid_, SIGCONT);
 }
 
 void MariaDbServer::Kill() {

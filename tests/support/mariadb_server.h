@@ -29,6 +29,10 @@ public:
     void Stop();
     // Kills the server at once (SIGKILL), as a crash would.
     void Kill();
+    // Freezes the server (SIGSTOP) and lets it go on (SIGCONT): a server that
+    // no longer answers.
+    void Pause();
+    void Resume();
     bool Running() const { return pid_ > 0; }
 
     int Port() const { return port_; }
