@@ -14,9 +14,9 @@ const char* const kMonthNames[12] = {"enero", "febrero", "marzo",      "abril", 
                                      "julio", "agosto",  "septiembre", "octubre", "noviembre", "diciembre"};
 const char* const kMonthAbbrev[12] = {"ene", "feb", "mar", "abr", "may", "jun",
                                       "jul", "ago", "sep", "oct", "nov", "dic"};
-const char* const kDayNames[7] = {"domingo", "lunes", "martes", "mi\xC3\xA9rcoles", "jueves", "viernes",
-                                  "s\xC3\xA1" "bado"};
-const char* const kDayAbbrev[7] = {"dom", "lun", "mar", "mi\xC3\xA9", "jue", "vie", "s\xC3\xA1" "b"};
+const char* const kDayNames[7] = {"domingo", "lunes", "martes", "mi\303\251rcoles", "jueves", "viernes",
+                                  "s\303\241bado"};
+const char* const kDayAbbrev[7] = {"dom", "lun", "mar", "mi\303\251", "jue", "vie", "s\303\241b"};
 
 namespace {
 

@@ -363,12 +363,20 @@ void ToDecimal15(double x, Decimal& d) {
     if (n > 15) {
         bool up;
         if (n == 16 && digs[15] == '5') {
-            // Decide on the exact binary value (at most 767 significant digits).
+            // Decide on the exact binary value: first from 22 correctly
+            // rounded digits, and only when those still read as a lone 5
+            // from all of them (at most 767 significant digits).
             char exact[800];
-            auto re = std::to_chars(exact, exact + sizeof exact, ax, std::chars_format::scientific, 780);
+            auto re = std::to_chars(exact, exact + sizeof exact, ax, std::chars_format::scientific, 21);
             char edigs[24];
             int en = 0, eexp = 0;
-            parse(exact, re.ptr, edigs, 16, en, eexp);
+            parse(exact, re.ptr, edigs, 22, en, eexp);
+            bool tail = false;
+            for (int k = 16; k < en; ++k) tail = tail || edigs[k] != '0';
+            if (edigs[15] == '5' && !tail) {
+                re = std::to_chars(exact, exact + sizeof exact, ax, std::chars_format::scientific, 780);
+                parse(exact, re.ptr, edigs, 16, en, eexp);
+            }
             std::memcpy(digs, edigs, 16);
             exp10 = eexp;
             up = edigs[15] >= '5';

@@ -40,6 +40,12 @@ TEST(CStrNumber, DoubleRoundingDecidesOnTheExactValueWhenTheShortestTextEndsIn5)
     EXPECT_EQ(CStr(7.030407620656315), "7,03040762065632");
 }
 
+TEST(CStrNumber, DoubleExactlyHalfwayAt15DigitsRoundsAwayFromZero) {
+    EXPECT_EQ(CStr(123456789012344.5), "123456789012345");
+    EXPECT_EQ(CStr(-123456789012344.5), "-123456789012345");
+    EXPECT_EQ(CStr(1000000000000005.0), "1,00000000000001E+15");
+}
+
 TEST(CStrNumber, DoubleWholeNumbersHaveNoDecimals) {
     EXPECT_EQ(CStr(100.0), "100");
     EXPECT_EQ(CStr(0.0), "0");
