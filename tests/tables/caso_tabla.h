@@ -88,6 +88,7 @@ public:
     virtual std::string ExportarTexto(AdapterBase& da, IListaEntidades& l, const std::string& sep) const = 0;
     virtual std::shared_ptr<IListaEntidades> ImportarTexto(AdapterBase& da, const std::string& texto,
                                                            const std::string& sep) const = 0;
+    virtual void GrabarDatos(AdapterBase& da, IListaEntidades& l) const = 0;
     virtual std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const std::string& nombre) const = 0;
 };
 
@@ -172,6 +173,7 @@ public:
         std::string t = texto, s = sep;
         return Da(da).ImportarTexto(t, s);
     }
+    void GrabarDatos(AdapterBase& da, IListaEntidades& l) const override { Da(da).GrabarDatos(Lst_(l)); }
     std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const std::string& nombre) const override {
         std::string n = nombre;
         return Ent_(e).ToXML(n);
