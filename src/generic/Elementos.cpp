@@ -117,9 +117,10 @@ std::shared_ptr<XML::IXMLDOMElement> entElemento::ToXML(ByRef<std::string> Nombr
 // ---- coleccionElementos ---------------------------------------------------
 
 const entElementoRef* coleccionElementos::Buscar(std::string_view nombre) const {
+    const bool llano = EsNombreLlano(nombre);
     for (const entElementoRef& e : items_) {
         if (!e) RaisePlatform(ErrNum::ObjectNotSet);
-        if (TextEquals(e->Nombre, nombre)) return &e;
+        if (MismoNombre(nombre, llano, e->Nombre)) return &e;
     }
     return nullptr;
 }

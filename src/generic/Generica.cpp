@@ -95,6 +95,24 @@ void entidadGenerica::CargarEntidad(ADODB::Fields& Registro) {
     }
 }
 
+void entidadGenerica::CargarFilaNueva(ADODB::Fields& Registro, const std::vector<int32_t>& destino,
+                                      int32_t numCampos) {
+    try {
+        coleccionElementos& campos = CamposListos();
+        campos.Reservar(static_cast<size_t>(numCampos));
+        const int32_t n = static_cast<int32_t>(destino.size());
+        for (int32_t i = 0; i < n; ++i) {
+            ADODB::Field& columna = Registro.Item(i);
+            Variant valor = BasTroquel::ValorDeCampo(columna);
+            const int32_t d = destino[static_cast<size_t>(i)];
+            if (d == campos.Count()) campos.Anadir(columna.Name(), std::move(valor));
+            else campos.Item(d + 1)->Valor = std::move(valor);
+        }
+    } catch (...) {
+        RelanzarCarga(kFuente, kFuente);
+    }
+}
+
 // Each field is one step: a field that fails is skipped and the next one
 // runs. The index runs as a 16-bit integer, so at most 32767 fields.
 void entidadGenerica::CargarDe(IEntidad& Entidad) {
@@ -149,9 +167,32 @@ void coleccionGenerica::Cargar(ByRef<std::shared_ptr<ADODB::Recordset>> rs) {
     ADODB::Recordset& registros = **rs;
     const int32_t filas = registros.RecordCount();
     if (filas > 0) Reservar(static_cast<size_t>(Count()) + static_cast<size_t>(filas));
+    // Every row is loaded as CargarEntidad loads a new entity. The columns'
+    // names do not change from row to row, so which field each column goes
+    // to (two columns of one name to one field) is worked out once, by the
+    // same comparison that CargarEntidad makes.
+    std::vector<int32_t> destino;
+    int32_t numCampos = 0;
+    bool preparado = false;
     while (!registros.EOF_()) {
+        ADODB::Fields& registro = registros.Fields();
+        if (!preparado) {
+            std::vector<std::string_view> nombres;
+            for (int32_t i = 0; i < registro.Count(); ++i) {
+                const std::string& nombre = registro.Item(i).Name();
+                const bool llano = EsNombreLlano(nombre);
+                int32_t d = 0;
+                while (d < numCampos && !MismoNombre(nombre, llano, nombres[static_cast<size_t>(d)])) ++d;
+                if (d == numCampos) {
+                    nombres.push_back(nombre);
+                    ++numCampos;
+                }
+                destino.push_back(d);
+            }
+            preparado = true;
+        }
         auto e = std::make_shared<entidadGenerica>();
-        e->CargarEntidad(registros.Fields());
+        e->CargarFilaNueva(registro, destino, numCampos);
         Anexar(e);
         registros.MoveNext();
     }

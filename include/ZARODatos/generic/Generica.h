@@ -33,6 +33,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ZARODatos/access/EntityList.h"
 #include "ZARODatos/generic/Elementos.h"
@@ -80,6 +81,10 @@ public:
 private:
     friend class coleccionGenerica;
     coleccionElementos& CamposListos();
+    // What CargarEntidad does on a new entity, with the matching of column
+    // names to fields worked out once for the whole Recordset: column i goes
+    // to field destino[i], which is a new field when it equals the count so far.
+    void CargarFilaNueva(ADODB::Fields& Registro, const std::vector<int32_t>& destino, int32_t numCampos);
 };
 
 using entidadGenericaRef = std::shared_ptr<entidadGenerica>;
