@@ -212,6 +212,35 @@ TEST_P(GenericDb, CargarOfAClosedRecordsetPassesTheRecordsetErrorThrough) {
     EXPECT_EQ(l.Count(), 0);
 }
 
+TEST_P(GenericDb, CargarMatchesColumnNamesToFieldsAsCargarEntidadDoes) {
+    const std::string sql =
+        "select 1 as a, 2 as A, 3 as b, 4 as `A\xC3\xB1o`, 5 as `A\xC3\x91O`, 6 as `x y`, 7 as `X Y`, "
+        "count(*), 8 as `\xC3\xA1rbol`, 9 as `ARBOL` union all select 11, 12, 13, 14, 15, 16, 17, 18, 19, 20";
+    auto l = Cargar(sql);
+    ASSERT_EQ(l->Count(), 2);
+    auto rs = Abrir(sql);
+    for (int32_t fila = 1; fila <= 2; ++fila) {
+        entidadGenerica suelta;
+        suelta.CargarEntidad(rs->Fields());
+        rs->MoveNext();
+        const auto& e = l->Item(fila);
+        // a/A, Año/AÑO and x y/X Y are one field each; árbol and ARBOL two (accents count).
+        ASSERT_EQ(e->NumCampos(), 7);
+        ASSERT_EQ(suelta.NumCampos(), 7);
+        for (int16_t i = 1; i <= 7; ++i) {
+            EXPECT_EQ(e->GetNombreCampo(i), suelta.GetNombreCampo(i));
+            EXPECT_EQ(e->GetValorIndice(i), suelta.GetValorIndice(i));
+        }
+    }
+    rs->Close();
+    const auto& e = l->Item(1);
+    EXPECT_EQ(e->GetNombreCampo(int16_t{3}), "A\xC3\xB1o");
+    EXPECT_EQ(CDbl(e->GetValor("a\xC3\xB1O")), 5.0);
+    EXPECT_EQ(CDbl(e->GetValor("x Y")), 7.0);
+    EXPECT_EQ(CDbl(e->GetValor("\xC3\x81RBOL")), 8.0);
+    EXPECT_EQ(CDbl(e->GetValor("arbol")), 9.0);
+}
+
 // ---- entidadGenerica.CargarEntidad ------------------------------------------
 
 TEST_P(GenericDb, CargarEntidadTwiceWithTheSameColumnsKeepsTheFieldCountAndTakesTheSecondRow) {
