@@ -23,6 +23,7 @@ struct LocaleInfo {
 };
 const LocaleInfo& CurrentLocale();
 
+// The blanks a number or date text may have around it.
 inline bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f'; }
 inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 inline char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c; }

@@ -330,6 +330,7 @@ std::string FormatNumberSection(const NumSection& sec, Dec x, bool showMinus, co
                 break;
             }
             case NumItem::Point:
+                // The separator is written even when no digit follows it ("5,"), as the platform does.
                 if (n == 0 && !intEmitted) {
                     for (int64_t k = 0; k < L; ++k) emitDigit(k);
                     intEmitted = true;

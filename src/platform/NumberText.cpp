@@ -209,6 +209,7 @@ NumStatus ParseNumber(std::string_view s, const HostLocale& loc, double* out) {
     }
     if (!acc.anyDigit) return NumStatus::Invalid;
 
+    // Only E or e marks an exponent ("1D2" is no number).
     int64_t userExp = 0;
     if (i < e && (s[i] == 'e' || s[i] == 'E')) {
         ++i;

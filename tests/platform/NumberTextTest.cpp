@@ -155,6 +155,7 @@ TEST(CDbl, ReadsAnExponent) {
     EXPECT_EQ(CDbl("25e-1"), 2.5);
     EXPECT_RAISES(CDbl("1e"), 13);
     EXPECT_RAISES(CDbl("1e+"), 13);
+    EXPECT_RAISES(CDbl("1D2"), 13);
 }
 
 TEST(CDbl, ReadsHexadecimalAndOctal) {
@@ -393,6 +394,8 @@ TEST(Val, AnExponentMarkWithoutDigitsEndsTheNumber) {
     EXPECT_EQ(Val("1e+"), 1.0);
     EXPECT_EQ(Val("2E3x"), 2000.0);
 }
+
+TEST(Val, OnlyEMarksAnExponent) { EXPECT_EQ(Val("1D2"), 1.0); }
 
 TEST(Val, ReadsHexadecimalAndOctal) {
     EXPECT_EQ(Val("&HFFFF"), -1.0);
