@@ -7,10 +7,7 @@
 
 #include <algorithm>
 
-#include "caso_tabla.h"
-#include "comun.h"
-#include "support/roads.h"
-#include "ZARODatos/platform/Conversions.h"
+#include "base_db.h"
 
 using namespace zaro_tablas;
 using zaro_test::Road;
@@ -25,50 +22,23 @@ std::string NombreDeParam(const ::testing::TestParamInfo<Param>& info) {
     return n + "_" + std::get<1>(info.param).name;
 }
 
-class TablasDb : public ::testing::TestWithParam<Param> {
+class TablasDb : public ::testing::TestWithParam<Param>, public BaseDb {
 protected:
     const CasoTabla& caso = *std::get<0>(GetParam());
     const Esperado& esp = caso.esp;
-    const Road& road = std::get<1>(GetParam());
 
     void SetUp() override {
-        cn = zaro_test::OpenRoad(road);
-        zaro_test::DropAllTables(*cn);
+        Abrir(std::get<1>(GetParam()));
         da = caso.NuevoAdapter();
         da->Conexion = cn;
     }
 
-    // A table with the columns of the select list: the library's own where it
-    // can make it, completed or made by the site's statements otherwise.
-    void PrepararTabla() {
-        if (esp.CrearTablaCrea) {
-            ASSERT_TRUE(da->CrearTabla());
-        }
-        for (const std::string& sql : esp.TablaDelSitio) cn->Execute(sql);
-    }
-
-    size_t Marca() { return zaro_test::GeneralLogMark(road); }
-    bool ServidorRecibio(size_t marca, const std::string& sql) {
-        for (const std::string& s : zaro_test::GeneralLogSince(road, marca))
-            if (RTrim(s) == RTrim(sql)) return true;
-        return false;
-    }
-    static std::string RTrim(std::string s) {
-        while (!s.empty() && (s.back() == ' ' || s.back() == '\n' || s.back() == '\r')) s.pop_back();
-        return s;
-    }
-    Variant Leer(const std::string& sql) {
-        auto rs = cn->Execute(sql);
-        Variant v = rs->Fields().Item(int32_t{0}).Value();
-        rs->Close();
-        return v;
-    }
-    int64_t Filas() { return CLng(Leer("select count(*) from `" + esp.Tabla + "`")); }
+    void PrepararTabla() { BaseDb::PrepararTabla(caso, *da); }
+    int32_t Filas() { return BaseDb::Filas(esp.Tabla); }
     const CampoDef& Campo(const std::string& nombre) {
         return caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(nombre))];
     }
 
-    ConnectionRef cn;
     std::shared_ptr<AdapterBase> da;
 };
 
@@ -98,9 +68,7 @@ TEST_P(TablasDb, CrearTablaSendsTheTablesStatementAndCreatesWhatTheDatabaseAccep
     EXPECT_EQ(da->CrearTabla(), esp.CrearTablaCrea);
     EXPECT_TRUE(ServidorRecibio(marca, esp.CrearTabla));
     EXPECT_TRUE(ServidorRecibio(marca, "SHOW TABLES LIKE '" + esp.Tabla + "'"));
-    auto rs = cn->Execute("SHOW TABLES LIKE '" + esp.Tabla + "'");
-    EXPECT_EQ(!rs->EOF_(), esp.CrearTablaCrea);
-    rs->Close();
+    EXPECT_EQ(TablaExiste(esp.Tabla), esp.CrearTablaCrea);
     EXPECT_EQ(da->LogSQL, nullptr);
 }
 
