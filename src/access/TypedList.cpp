@@ -28,8 +28,8 @@ bool ClaveCoincide(IEntidad& e, const CampoDef& c, const std::string& v) {
     RaisePlatform(ErrNum::TypeMismatch);
 }
 
-const CampoDef& CampoDeArgumento(const TablaDef& t, const std::vector<std::string_view>& orden, size_t i) {
-    const int pos = t.Buscar(orden.at(i));
+const CampoDef& CampoDeArgumento(const TablaDef& t, const std::vector<int16_t>& orden, size_t i) {
+    const int pos = orden.at(i);
     if (pos < 0) RaisePlatform(ErrNum::InvalidCall);
     return t.Campos[static_cast<size_t>(pos)];
 }

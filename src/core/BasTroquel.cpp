@@ -1,5 +1,7 @@
 #include "ZARODatos/core/BasTroquel.h"
 
+#include <charconv>
+
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
 #include "ZARODatos/platform/Screen.h"
@@ -14,6 +16,19 @@ int16_t RelanzarError(ByRef<std::string> Origen, ByRef<int16_t> bandera) {
 }
 
 namespace {
+// -?digits(.digits)?
+bool DecimalSimple(std::string_view t) {
+    size_t i = 0;
+    if (i < t.size() && t[i] == '-') ++i;
+    size_t digitos = 0, punto = 0;
+    for (; i < t.size(); ++i) {
+        if (t[i] >= '0' && t[i] <= '9') ++digitos;
+        else if (t[i] == '.' && punto == 0 && digitos > 0) punto = i;
+        else return false;
+    }
+    return digitos > 0 && (punto == 0 || punto + 1 < t.size());
+}
+
 ADODB::Connection& Requerir(const ConnectionRef& conexion) {
     if (!conexion) RaisePlatform(ErrNum::ObjectNotSet);
     return *conexion;
@@ -107,15 +122,37 @@ std::string NormalizarNumero(std::string_view texto) {
             if (ch == '.') continue;
             s.push_back(ch == ',' ? '.' : ch);
         }
-        if (IsNumeric(Variant(s))) return s;
+        if (IsNumericText(s)) return s;
     } catch (...) {
     }
     return "0";
 }
 
 double NumeroNormalizado(const Variant& valor) {
-    if (const std::string* s = valor.GetIf<std::string>()) return Val(NormalizarNumero(*s));
-    return Val(NormalizarNumero(CStr(valor)));
+    if (const std::string* s = valor.GetIf<std::string>()) return NumeroNormalizadoTexto(*s);
+    return NumeroNormalizadoTexto(CStr(valor));
+}
+
+double NumeroNormalizadoTexto(std::string_view texto) {
+    // NormalizarNumero and Val without allocating for a short text.
+    char corto[64];
+    std::string largo;
+    char* buf = corto;
+    if (texto.size() > sizeof corto) {
+        largo.resize(texto.size());
+        buf = largo.data();
+    }
+    size_t n = 0;
+    for (char ch : texto) {
+        if (ch == '.') continue;
+        buf[n++] = ch == ',' ? '.' : ch;
+    }
+    std::string_view normal(buf, n);
+    // Plain digits with at most one point read the same under any locale.
+    double valor = 0;
+    if (DecimalSimple(normal) && std::from_chars(buf, buf + n, valor).ec == std::errc()) return valor;
+    if (!IsNumericText(normal)) return 0;
+    return Val(normal);
 }
 
 std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::string> NombreElementoXML) {

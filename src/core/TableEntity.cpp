@@ -47,6 +47,13 @@ void TablaDef::Completar() {
     PorClave = OrdenarPor(Campos, &CampoDef::Clave);
     PorRequerido = OrdenarPor(Campos, &CampoDef::Requerido);
     PorSet = OrdenarPor(Campos, &CampoDef::Set);
+    auto posiciones = [this](const std::vector<std::string_view>& nombres) {
+        std::vector<int16_t> r;
+        for (std::string_view n : nombres) r.push_back(static_cast<int16_t>(Buscar(n)));
+        return r;
+    };
+    PorArgumentoAdd = posiciones(ArgumentosAdd);
+    PorArgumentoItemClave = posiciones(ArgumentosItemClave);
     const std::string tabla(Tabla);
     FuenteEntidad = tabla + "Entidad";
     FuenteSetValor = tabla + "IEntidad_SetValor";
@@ -103,6 +110,30 @@ void ConvertirYAsignar(IEntidad& e, const CampoDef& c, const Variant& v) {
             break;
     }
 }
+
+namespace {
+// The conversion of ConvertirYAsignar for a text, without making a Variant.
+void ConvertirTexto(IEntidad& e, const CampoDef& c, std::string_view texto) {
+    switch (c.Tipo) {
+        case TipoCampo::Entero:
+            if (c.ConversionDirecta) e.*c.Miembro.Entero = CLng(Variant(texto));
+            else e.*c.Miembro.Entero = CLng(Variant(BasTroquel::NumeroNormalizadoTexto(texto)));
+            break;
+        case TipoCampo::Doble:
+            if (c.ConversionDirecta) e.*c.Miembro.Doble = CDbl(Variant(texto));
+            else e.*c.Miembro.Doble = BasTroquel::NumeroNormalizadoTexto(texto);
+            break;
+        case TipoCampo::Fecha: {
+            Date d;
+            e.*c.Miembro.Fecha = TryReadDate(texto, d) ? d : ZeroDate;
+            break;
+        }
+        case TipoCampo::Texto:
+            (e.*c.Miembro.Texto).assign(texto);
+            break;
+    }
+}
+}  // namespace
 
 namespace EntidadOps {
 
@@ -168,6 +199,16 @@ void SetValorIndice(IEntidad& e, const TablaDef& t, int16_t indice, const Varian
         const int pos = t.PorIndice(indice);
         if (pos < 0) return;  // an index outside the table is ignored
         ConvertirYAsignar(e, t.Campos[static_cast<size_t>(pos)], valor);
+    } catch (...) {
+        Reraise(t.FuenteSetValorIndice);
+    }
+}
+
+void SetValorIndiceTexto(IEntidad& e, const TablaDef& t, int16_t indice, std::string_view texto) {
+    try {
+        const int pos = t.PorIndice(indice);
+        if (pos < 0) return;  // an index outside the table is ignored
+        ConvertirTexto(e, t.Campos[static_cast<size_t>(pos)], texto);
     } catch (...) {
         Reraise(t.FuenteSetValorIndice);
     }

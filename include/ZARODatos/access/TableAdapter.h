@@ -73,6 +73,17 @@ protected:
     std::string ConsultaWhere(std::string& strWhere) const;
     void AnexarFilaTexto(std::string& texto, IEntidad& e, const std::string& separador) const;
     std::vector<std::string_view> PartirTexto(std::string_view texto, std::string_view separador) const;
+    // Calls f with each piece of texto split at separador (the whole text
+    // when the separator is empty).
+    template <class F>
+    static void RecorrerCeldas(std::string_view texto, std::string_view separador, F&& f) {
+        if (separador.empty()) return f(texto);
+        size_t inicio = 0;
+        for (size_t fin; (fin = texto.find(separador, inicio)) != std::string_view::npos;
+             inicio = fin + separador.size())
+            f(texto.substr(inicio, fin - inicio));
+        f(texto.substr(inicio));
+    }
     void Registrar(const std::string& sql);
     // The connection of an operation: adConexion, else Conexion (written back
     // to adConexion); neither raises 1 with the given description.
@@ -142,10 +153,11 @@ public:
             for (std::string_view linea : PartirTexto(*Texto, "\r\n")) {
                 auto e = std::make_shared<E>();
                 int32_t indice = 1;
-                for (std::string_view celda : PartirTexto(linea, *SeparadorColumnas)) {
+                // Each cell goes to SetValorIndice of its index, as text.
+                RecorrerCeldas(linea, *SeparadorColumnas, [&](std::string_view celda) {
                     int16_t i = CInt(Variant(indice++));
-                    e->SetValorIndice(i, Variant(celda));
-                }
+                    EntidadOps::SetValorIndiceTexto(*e, def_, i, celda);
+                });
                 lista->AddEntidad(e);
             }
             return lista;
@@ -160,7 +172,13 @@ public:
     std::string ExportarTexto(L& Rows, ByRef<std::string> SeparadorColumnas) {
         try {
             std::string texto;
-            for (const EntityRef& e : Rows) AnexarFilaTexto(texto, *e, *SeparadorColumnas);
+            bool primera = true;
+            for (const EntityRef& e : Rows) {
+                AnexarFilaTexto(texto, *e, *SeparadorColumnas);
+                // One growing string: room for all rows at the first row's length.
+                if (primera) texto.reserve(texto.size() * static_cast<size_t>(Rows.Count()) * 5 / 4 + 2);
+                primera = false;
+            }
             texto += "\r\n";
             return texto;
         } catch (...) {

@@ -21,8 +21,8 @@ bool ClaveCoincide(IEntidad& e, const CampoDef& c, int32_t v);
 bool ClaveCoincide(IEntidad& e, const CampoDef& c, double v);
 bool ClaveCoincide(IEntidad& e, const CampoDef& c, Date v);
 bool ClaveCoincide(IEntidad& e, const CampoDef& c, const std::string& v);
-// The position in the field table of the i-th argument of Add or ItemClave.
-const CampoDef& CampoDeArgumento(const TablaDef& t, const std::vector<std::string_view>& orden, size_t i);
+// The field of the i-th argument of Add or ItemClave (positions from PorArgumentoAdd ...).
+const CampoDef& CampoDeArgumento(const TablaDef& t, const std::vector<int16_t>& orden, size_t i);
 }  // namespace detail
 
 template <class Self, class E>
@@ -49,7 +49,7 @@ protected:
         auto e = std::make_shared<E>();
         const TablaDef& t = E::Def();
         size_t i = 0;
-        (AsignarMiembro(*e, detail::CampoDeArgumento(t, t.ArgumentosAdd, i++), valores), ...);
+        (AsignarMiembro(*e, detail::CampoDeArgumento(t, t.PorArgumentoAdd, i++), valores), ...);
         this->Anexar(e);
         return e;
     }
@@ -58,7 +58,7 @@ protected:
     template <class... K>
     EntityRef BuscarClave(const K&... claves) {
         const TablaDef& t = E::Def();
-        const auto& orden = t.ArgumentosItemClave;
+        const auto& orden = t.PorArgumentoItemClave;
         for (const EntityRef& e : this->items_) {
             size_t i = 0;
             if ((detail::ClaveCoincide(*e, detail::CampoDeArgumento(t, orden, i++), claves) && ...)) return e;

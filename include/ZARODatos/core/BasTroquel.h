@@ -60,5 +60,7 @@ std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::
 // The number a SetValor of an integer or double field stores: the value's
 // text through NormalizarNumero, read with "." as the decimal point.
 double NumeroNormalizado(const Variant& valor);
+// The same for a text.
+double NumeroNormalizadoTexto(std::string_view texto);
 
 }  // namespace OVT_ZARO::BasTroquel

@@ -77,6 +77,8 @@ struct TablaDef {
     std::vector<int16_t> PorClave;      // positions in Campos, in key order
     std::vector<int16_t> PorRequerido;  // positions in Campos, in CamposOk order
     std::vector<int16_t> PorSet;        // positions in Campos, in set order
+    std::vector<int16_t> PorArgumentoAdd;        // positions in Campos, in the order of Add
+    std::vector<int16_t> PorArgumentoItemClave;  // positions in Campos, in the order of ItemClave
     std::string FuenteEntidad, FuenteSetValor, FuenteSetValorIndice, FuenteCargar, FuenteAdapter, FuenteUpdate;
 
     // Position in Campos of a name compared ignoring case; -1 when none.
@@ -104,6 +106,8 @@ Variant GetValorIndice(IEntidad& e, const TablaDef& t, int16_t indice);
 std::string GetNombreCampo(const TablaDef& t, int16_t indice);
 void SetValor(IEntidad& e, const TablaDef& t, ByRef<std::string> Campo, const Variant& valor);
 void SetValorIndice(IEntidad& e, const TablaDef& t, int16_t indice, const Variant& valor);
+// SetValorIndice of a text, as a text cell of an import arrives.
+void SetValorIndiceTexto(IEntidad& e, const TablaDef& t, int16_t indice, std::string_view texto);
 void CargarEntidad(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro);
 std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const TablaDef& t, ByRef<std::string> NombreElementoXML);
 }  // namespace EntidadOps

@@ -50,6 +50,11 @@ bool IsNumeric(const Variant& v);
 // false for numbers and everything else, as the platform's IsDate.
 bool IsDate(const Variant& v);
 
+// The same tests on text, without making a Variant: IsNumeric of the text,
+// and the date CDate would read from it (false when it reads none).
+bool IsNumericText(std::string_view text);
+bool TryReadDate(std::string_view text, Date& out);
+
 // The leading number of a text with "." as decimal point whatever the
 // locale, after removing blanks, tabs and line feeds; 0 when there is none.
 double Val(std::string_view text);
