@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -31,6 +32,7 @@ std::string ReadFile(const std::string& path) {
 }
 
 struct ChildResult {
+    pid_t pid;
     int status;
     std::string out;
     std::string err;
@@ -54,7 +56,7 @@ ChildResult RunChild(const std::string& test, const std::string& var, const std:
     }
     int status = 0;
     waitpid(pid, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadFile(out), ReadFile(err)};
+    return {pid, WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadFile(out), ReadFile(err)};
 }
 
 long RssKb() {
@@ -85,6 +87,9 @@ TEST(EmbeddedChild, DISABLED_NewFolder) {
     EXPECT_EQ(One(*cn, "SELECT DATABASE()"), Variant("zaro"));
     // The system tables of the engine are there: stored routines work.
     EXPECT_GT(CLng(One(*cn, "SELECT count(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA = 'mysql'")), 20);
+    // Temp tables go to a temp folder of the process's own.
+    const std::string tmp = CStr(One(*cn, "SELECT @@tmpdir"));
+    EXPECT_NE(tmp.find("/zaro-embedded-" + std::to_string(getpid()) + "-"), std::string::npos) << tmp;
     cn->Execute("CREATE PROCEDURE `dos`() SELECT 2 AS N");
     EXPECT_EQ(One(*cn, "CALL `dos`()"), Variant(int32_t{2}));
     cn->Execute("CREATE TABLE `persiste` (`A` varchar(10)) ENGINE=MyISAM DEFAULT CHARSET=latin1");
@@ -148,6 +153,10 @@ TEST(EmbeddedProcess, ANewDataFolderIsCreatedAndBootstrappedWithoutAWordOnStanda
     EXPECT_EQ(r.status, 0) << r.out << r.err;
     EXPECT_NE(r.out.find("[  PASSED  ] 1 test"), std::string::npos) << r.out;
     EXPECT_EQ(r.err, "");
+    // The process's temp folder went with it.
+    const std::string prefix = "zaro-embedded-" + std::to_string(r.pid) + "-";
+    for (const auto& e : std::filesystem::directory_iterator(std::filesystem::temp_directory_path()))
+        EXPECT_NE(e.path().filename().string().rfind(prefix, 0), 0u) << e.path();
 }
 
 TEST(EmbeddedProcess, DataSurvivesTheProcessAndASecondFolderIsRefused) {

@@ -204,6 +204,9 @@ void MariaDbServer::Launch() {
                                   "--general-log-file=" + generalLog_,
                                   "--log-error=" + errorLog_,
                                   "--pid-file=" + dir_ + "/mysqld.pid",
+                                  // A temp folder of its own: a server that starts clears the temp
+                                  // tables it finds there, another process's included.
+                                  "--tmpdir=" + dir_,
                                   "--innodb-log-file-size=8M",
                                   "--innodb-buffer-pool-size=16M"};
     if (IsRoot()) args.push_back("--user=root");

@@ -1,6 +1,11 @@
 #include "platform/adodb/Engine.h"
 
+#include <signal.h>
+#include <stdlib.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -51,6 +56,31 @@ std::vector<std::string>& ArgStorage() {
     return *v;
 }
 
+// The server's own temp folder: private to the process, because a server
+// that starts removes every temp table file ("#sql...") it finds in its temp
+// folder, and would remove those of another process sharing it.
+std::string* g_tmpDir = nullptr;
+
+void RemoveStaleTempFolders(const fs::path& base) {
+    std::error_code ec;
+    for (const auto& e : fs::directory_iterator(base, ec)) {
+        const std::string name = e.path().filename().string();
+        if (name.rfind("zaro-embedded-", 0) != 0) continue;
+        const long pid = std::strtol(name.c_str() + 14, nullptr, 10);
+        if (pid > 0 && kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH) fs::remove_all(e.path(), ec);
+    }
+}
+
+std::string MakePrivateTempFolder() {
+    std::error_code ec;
+    fs::path base = fs::temp_directory_path(ec);
+    if (ec) base = "/tmp";
+    RemoveStaleTempFolders(base);
+    std::string tmpl = (base / ("zaro-embedded-" + std::to_string(getpid()) + "-XXXXXX")).string();
+    if (!mkdtemp(tmpl.data())) return {};
+    return tmpl;
+}
+
 void AtExit() {
     std::vector<Session*> sessions;
     {
@@ -63,6 +93,10 @@ void AtExit() {
         mysql_thread_init();
         mysql_library_end();
     }).join();
+    if (g_tmpDir) {
+        std::error_code ec;
+        fs::remove_all(*g_tmpDir, ec);
+    }
 }
 
 // The engine's own script of the system tables, where the engine's share
@@ -168,15 +202,40 @@ void EnsureEmbeddedServer(const std::string& dataDirIn, const std::vector<std::s
     // The embedded server has no users; this also skips the plugin and
     // function tables, so that a new folder starts without warnings.
     store.push_back("--skip-grant-tables");
-    for (const auto& o : serverOptions) store.push_back(o);
+    std::string tmpDir;
+    for (const auto& o : serverOptions) {
+        store.push_back(o);
+        if (o.rfind("--tmpdir=", 0) == 0) tmpDir = o.substr(9);
+    }
+    if (tmpDir.empty()) {
+        if (!g_tmpDir) {
+            const std::string tmp = MakePrivateTempFolder();
+            if (!tmp.empty()) g_tmpDir = new std::string(tmp);
+        }
+        if (g_tmpDir) tmpDir = *g_tmpDir;
+    }
     static std::vector<char*>* argv = new std::vector<char*>();
     argv->clear();
     for (auto& s : store) argv->push_back(s.data());
     argv->push_back(nullptr);
     static char group0[] = "zarodatos_embedded";
     static char* groups[] = {group0, nullptr};
-    if (init_embedded_server(static_cast<int>(store.size()), argv->data(), groups)) {
+    // The in-process server takes its temp folder from TMPDIR only (it
+    // ignores --tmpdir): set for the start, then put back.
+    const char* oldTmp = std::getenv("TMPDIR");
+    const std::string savedTmp = oldTmp ? oldTmp : "";
+    if (!tmpDir.empty()) setenv("TMPDIR", tmpDir.c_str(), 1);
+    const int rc = init_embedded_server(static_cast<int>(store.size()), argv->data(), groups);
+    if (!tmpDir.empty()) {
+        if (oldTmp) setenv("TMPDIR", savedTmp.c_str(), 1);
+        else unsetenv("TMPDIR");
+    }
+    if (rc) {
         g_failed = true;
+        if (g_tmpDir) {
+            std::error_code rmEc;
+            fs::remove_all(*g_tmpDir, rmEc);
+        }
         throw Error(kEmbeddedFailure, kSource,
                     "The embedded database could not start on the data folder '" + dirText +
                         "' (the engine's messages are on standard error).");
