@@ -13,14 +13,29 @@ thread_local bool contando = false;
 thread_local long asignaciones = 0;
 }  // namespace
 
-// The program's allocation functions, counting while a test asks for it.
-void* operator new(std::size_t n) {
+// The program's allocation functions (every form without an alignment, so
+// that each pair matches), counting while a test asks for it.
+namespace {
+void* Reservar(std::size_t n) noexcept {
     if (contando) ++asignaciones;
-    if (void* p = std::malloc(n ? n : 1)) return p;
+    return std::malloc(n ? n : 1);
+}
+void* ReservarOFallar(std::size_t n) {
+    if (void* p = Reservar(n)) return p;
     throw std::bad_alloc();
 }
+}  // namespace
+
+void* operator new(std::size_t n) { return ReservarOFallar(n); }
+void* operator new[](std::size_t n) { return ReservarOFallar(n); }
+void* operator new(std::size_t n, const std::nothrow_t&) noexcept { return Reservar(n); }
+void* operator new[](std::size_t n, const std::nothrow_t&) noexcept { return Reservar(n); }
 void operator delete(void* p) noexcept { std::free(p); }
+void operator delete[](void* p) noexcept { std::free(p); }
 void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
+void operator delete(void* p, const std::nothrow_t&) noexcept { std::free(p); }
+void operator delete[](void* p, const std::nothrow_t&) noexcept { std::free(p); }
 
 using namespace OVT_ZARO;
 
