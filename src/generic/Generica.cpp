@@ -5,6 +5,7 @@
 
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
+#include "generic/Bloque.h"
 #include "generic/Comun.h"
 
 namespace OVT_ZARO {
@@ -96,7 +97,7 @@ void entidadGenerica::CargarEntidad(ADODB::Fields& Registro) {
 }
 
 void entidadGenerica::CargarFilaNueva(ADODB::Fields& Registro, const std::vector<int32_t>& destino,
-                                      int32_t numCampos) {
+                                      int32_t numCampos, generico::Bloque& bloque) {
     try {
         coleccionElementos& campos = CamposListos();
         campos.Reservar(static_cast<size_t>(numCampos));
@@ -105,8 +106,14 @@ void entidadGenerica::CargarFilaNueva(ADODB::Fields& Registro, const std::vector
             ADODB::Field& columna = Registro.Item(i);
             Variant valor = BasTroquel::ValorDeCampo(columna);
             const int32_t d = destino[static_cast<size_t>(i)];
-            if (d == campos.Count()) campos.Anadir(columna.Name(), std::move(valor));
-            else campos.Item(d + 1)->Valor = std::move(valor);
+            if (d == campos.Count()) {
+                auto e = std::allocate_shared<entElemento>(AsignadorDeBloque<entElemento>(&bloque));
+                e->Nombre = columna.Name();
+                e->Valor = std::move(valor);
+                campos.Anexar(e);
+            } else {
+                campos.Item(d + 1)->Valor = std::move(valor);
+            }
         }
     } catch (...) {
         RelanzarCarga(kFuente, kFuente);
@@ -191,9 +198,20 @@ void coleccionGenerica::Cargar(ByRef<std::shared_ptr<ADODB::Recordset>> rs) {
             }
             preparado = true;
         }
-        auto e = std::make_shared<entidadGenerica>();
-        e->CargarFilaNueva(registro, destino, numCampos);
-        Anexar(e);
+        // The entity, its list of fields and the fields share one block.
+        const size_t capacidad = TamanoEnBloque<entidadGenerica>() + TamanoEnBloque<coleccionElementos>() +
+                                 static_cast<size_t>(numCampos) * TamanoEnBloque<entElemento>();
+        Bloque* bloque = Bloque::Crear(capacidad);
+        try {
+            auto e = std::allocate_shared<entidadGenerica>(AsignadorDeBloque<entidadGenerica>(bloque));
+            e->Campos = std::allocate_shared<coleccionElementos>(AsignadorDeBloque<coleccionElementos>(bloque));
+            e->CargarFilaNueva(registro, destino, numCampos, *bloque);
+            Anexar(e);
+        } catch (...) {
+            bloque->Soltar();
+            throw;
+        }
+        bloque->Soltar();
         registros.MoveNext();
     }
     // Behind the loop the recordset always stands at its end, so this rewind

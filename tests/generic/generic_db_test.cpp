@@ -241,6 +241,32 @@ TEST_P(GenericDb, CargarMatchesColumnNamesToFieldsAsCargarEntidadDoes) {
     EXPECT_EQ(CDbl(e->GetValor("arbol")), 9.0);
 }
 
+TEST_P(GenericDb, ObjectsOfALoadedRowOutliveTheListAndEachOther) {
+    entElementoRef elemento;
+    coleccionElementosRef campos;
+    entidadGenericaRef entidad;
+    {
+        auto l = Cargar("select 'uno' as a, 'un texto bastante mas largo que quince' as b union all select 'dos', 'x'");
+        ASSERT_EQ(l->Count(), 2);
+        elemento = l->Item(1)->Campos->Item(2);
+        campos = l->Item(2)->Campos;
+        entidad = l->Item(2);
+        l->Item(1)->Campos->Remove(2);
+    }
+    entidad->Campos = nullptr;
+    entidad.reset();
+    EXPECT_EQ(elemento->Nombre, "b");
+    EXPECT_EQ(elemento->Valor, Variant("un texto bastante mas largo que quince"));
+    EXPECT_EQ(elemento->TypeName(), "entElemento");
+    ASSERT_EQ(campos->Count(), 2);
+    EXPECT_EQ(campos->ItemClave("A")->Valor, Variant("dos"));
+    campos->AddEntidad(elemento);
+    EXPECT_EQ(campos->Count(), 3);
+    campos.reset();
+    elemento->Valor = Variant(1);
+    EXPECT_EQ(elemento->GetValor("valor"), Variant(1));
+}
+
 // ---- entidadGenerica.CargarEntidad ------------------------------------------
 
 TEST_P(GenericDb, CargarEntidadTwiceWithTheSameColumnsKeepsTheFieldCountAndTakesTheSecondRow) {

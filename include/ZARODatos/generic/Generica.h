@@ -40,6 +40,10 @@
 
 namespace OVT_ZARO {
 
+namespace generico {
+class Bloque;  // the memory of one loaded row (internal)
+}
+
 class entidadGenerica : public IEntidad {
 public:
     // The fields; no object until first use.
@@ -84,7 +88,8 @@ private:
     // What CargarEntidad does on a new entity, with the matching of column
     // names to fields worked out once for the whole Recordset: column i goes
     // to field destino[i], which is a new field when it equals the count so far.
-    void CargarFilaNueva(ADODB::Fields& Registro, const std::vector<int32_t>& destino, int32_t numCampos);
+    void CargarFilaNueva(ADODB::Fields& Registro, const std::vector<int32_t>& destino, int32_t numCampos,
+                         generico::Bloque& bloque);
 };
 
 using entidadGenericaRef = std::shared_ptr<entidadGenerica>;
