@@ -7,13 +7,17 @@
 //   Insert/*       10,000 single-row inserts: Connection.Execute called from
 //                  the main thread, against the raw C API from a second thread
 //                  and from the main thread.
+//   Handoff/*      the hand-over to a connection's engine thread: an empty
+//                  call, and an 8-microsecond job run here and handed over.
 //   ForwardOnly/*  1,000,000 rows read forward-only (and, for contrast,
 //                  static): the growth of resident memory while reading.
+// ZARO_BENCH_EMBEDDED_OPTIONS gives the embedded server options of a run.
 // Embedded database unless the name says server (a mariadbd started here).
 #include <benchmark/benchmark.h>
 #include <mysql.h>
 
 #include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -49,7 +53,11 @@ Env& E() {
         g_dir = new std::string(r.dir);
         std::atexit(RemoveDir);  // before the engine starts, so it runs after the engine ends
         r.cn = std::make_shared<ADODB::Connection>();
-        r.cn->Open("DataDir=" + r.dir + "/data;Database=bench");
+        // ZARO_BENCH_EMBEDDED_OPTIONS: server options of this run (to measure
+        // the forward-only read with smaller engine caches).
+        const char* extra = std::getenv("ZARO_BENCH_EMBEDDED_OPTIONS");
+        r.cn->Open("DataDir=" + r.dir + "/data;Database=bench" +
+                   (extra && *extra ? std::string(";EmbeddedOptions='") + extra + "'" : std::string()));
         return r;
     }();
     return e;
@@ -297,7 +305,23 @@ void Handoff_EmptyCall(benchmark::State& state) {
     for (auto _ : state) t.Run([&] { ++n; });
     benchmark::DoNotOptimize(n);
 }
-BENCHMARK(Handoff_EmptyCall)->Name("Insert/EngineThread_EmptyCall")->UseRealTime();
+BENCHMARK(Handoff_EmptyCall)->Name("Handoff/EmptyCall")->UseRealTime();
+
+// A job of about the size of a single-row insert, run here and handed over.
+void Spin8us() {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::microseconds(8);
+    while (std::chrono::steady_clock::now() < end) {
+    }
+}
+void Handoff_Job_Direct(benchmark::State& state) {
+    for (auto _ : state) Spin8us();
+}
+BENCHMARK(Handoff_Job_Direct)->Name("Handoff/Job8us_Direct")->UseRealTime();
+void Handoff_Job_Thread(benchmark::State& state) {
+    ADODB::detail::EngineThread t;
+    for (auto _ : state) t.Run([] { Spin8us(); });
+}
+BENCHMARK(Handoff_Job_Thread)->Name("Handoff/Job8us_OnEngineThread")->UseRealTime();
 
 // ------------------------------------------------------------ (c) memory
 

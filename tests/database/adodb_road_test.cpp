@@ -542,6 +542,20 @@ TEST_P(Roads, ClosingTheConnectionClosesItsRecordsets) {
     EXPECT_THROW(st->MoveNext(), Error);
 }
 
+TEST_P(Roads, ARecordsetOutlivesAReleasedConnection) {
+    auto st = Open("SELECT 1 AS A UNION ALL SELECT 2", ADODB::adOpenStatic);
+    auto fw = Open("SELECT seq AS A FROM seq_1_to_1000", ADODB::adOpenForwardOnly);
+    cn.reset();
+    st->MoveNext();
+    EXPECT_EQ(st->Fields().Item("A").Value(), Variant(int32_t{2}));
+    int64_t n = 0;
+    while (!fw->EOF_()) {
+        ++n;
+        fw->MoveNext();
+    }
+    EXPECT_EQ(n, 1000);
+}
+
 TEST_P(Roads, AClosedOrMissingConnectionRaises3709) {
     auto rs = std::make_shared<ADODB::Recordset>();
     try {

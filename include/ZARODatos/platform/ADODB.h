@@ -18,8 +18,9 @@
 // A server connection calls the engine on the caller's thread.
 //
 // Ownership: the caller owns a Connection and the Recordsets it opens or gets
-// back. A Recordset keeps the connection's session alive while it is open.
-// Closing a Connection closes the Recordsets opened on it.
+// back. A Recordset keeps the connection's session alive while it is open, so
+// it outlives a Connection that is released. Closing a Connection closes the
+// Recordsets opened on it.
 //
 // Failures: every failure raises OVT_ZARO::Error.
 //   - a statement the database refuses: the database's number and text, source

@@ -13,12 +13,10 @@ const char* const kSource = "ADODB.Connection";
 
 Connection::Connection() = default;
 
-Connection::~Connection() {
-    try {
-        if (session_) session_->Close();
-    } catch (...) {
-    }
-}
+// The session closes when its last owner goes: this connection, or a
+// recordset opened on it that outlives it (as the platform's recordsets keep
+// their connection).
+Connection::~Connection() = default;
 
 void Connection::Open(const std::string& connectionString) {
     if (State() == adStateOpen) Raise(AdoErr::ObjectOpen);
