@@ -122,3 +122,23 @@ TEST(ListaArticulo, EnumerationWalksTheElementsInOrder) {
     for (const auto& e : l) codigos += e->CD_ARTICULO;
     EXPECT_EQ(codigos, "ABC");
 }
+
+TEST(ListaArticulo, AddEntidadOfNoObjectRaisesObjectNotSetAndTheListStaysUsable) {
+    colarticulo l;
+    l.Add("A");
+    try {
+        l.AddEntidad(std::shared_ptr<entarticulo>());
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.Number, 91);
+    }
+    EXPECT_EQ(l.Count(), 1);
+    EXPECT_EQ(l.OrderBy("CD_ARTICULO")->Count(), 1);
+}
+
+TEST(ListaArticulo, AConstantStringIsAcceptedWhereAnArgumentIsByReference) {
+    colarticulo l;
+    l.Add("A", 0, {}, {}, 5);
+    const std::string campo = "CD_OP";
+    EXPECT_EQ(l.ObtenerSuma(campo), 5);
+}

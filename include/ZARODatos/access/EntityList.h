@@ -53,7 +53,11 @@ public:
     auto end() const { return items_.end(); }
 
     // Appends without a key (the body of AddEntidad and of the queries).
-    void Anexar(const EntityRef& e) { items_.Add(e); }
+    // No object can not be added: 91, so a list never holds a null element.
+    void Anexar(const EntityRef& e) {
+        if (!e) RaisePlatform(ErrNum::ObjectNotSet);
+        items_.Add(e);
+    }
     void Reservar(size_t n) { items_.Reserve(n); }
 
 protected:

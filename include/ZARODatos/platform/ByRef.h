@@ -20,10 +20,11 @@ public:
     ByRef() : own_(std::in_place), p_(&*own_) {}
     // The caller's variable.
     ByRef(T& target) : p_(&target) {}
-    // A literal or temporary, owned for the call.
+    // A literal, a temporary or a constant, owned (copied) for the call.
     template <class U,
               std::enable_if_t<std::is_constructible_v<T, U&&> &&
-                                   !(std::is_lvalue_reference_v<U> && std::is_same_v<std::remove_cvref_t<U>, T>) &&
+                                   !(std::is_lvalue_reference_v<U> && !std::is_const_v<std::remove_reference_t<U>> &&
+                                     std::is_same_v<std::remove_cvref_t<U>, T>) &&
                                    !std::is_same_v<std::remove_cvref_t<U>, ByRef>,
                                int> = 0>
     ByRef(U&& value) : own_(std::in_place, std::forward<U>(value)), p_(&*own_) {}
