@@ -25,7 +25,8 @@ int RunImport(const Options& options) {
             throw DataError("can not read " + archivo + " as " + tabla + ": " + DescribeError(e) +
                             "; nothing was saved");
         }
-        std::cout << "import " << archivo << " into " << tabla << ": " << rows->Count() << " lines\n";
+        std::cout << "import " << archivo << " into " << tabla << ": ImportarTexto read " << Rows(rows->Count())
+                  << "\n";
         SaveResult r;
         {
             Progress progress("import " + tabla, static_cast<size_t>(rows->Count()));
@@ -39,8 +40,8 @@ int RunImport(const Options& options) {
         std::cout.flush();
         if (r.failure)
             throw DataError("import stopped at line " + std::to_string(r.failedLine) + ": " +
-                            DescribeError(*r.failure) + "; " + Rows(r.Saved()) +
-                            " saved before it stay saved, the rest were not tried");
+                            DescribeError(*r.failure) + "; " + Rows(r.Saved()) + " saved before it " +
+                            (r.Saved() == 1 ? "stays" : "stay") + " saved, the lines after it were not tried");
         return r.skipped.empty() ? kExitOk : kExitData;
     });
 }
