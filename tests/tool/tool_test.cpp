@@ -153,7 +153,14 @@ TEST_P(ToolInit, InitKeepsTablesThatHoldRows) {
 
 INSTANTIATE_TEST_SUITE_P(Roads, ToolInit, ::testing::ValuesIn(ToolRoads()), ToolRoadName);
 
-using ToolExchange = ToolTest;
+class ToolExchange : public ToolTest {
+protected:
+    // Writes the text to a file of the work folder and imports it into the table.
+    Outcome ImportText(const std::string& tabla, const std::string& text) {
+        WriteText(Path(tabla + "-in.txt"), text);
+        return Zaro({"import", tabla, tabla + "-in.txt"});
+    }
+};
 
 TEST_P(ToolExchange, ExportThenImportIntoAnEmptyTableGivesTheSameRows) {
     ASSERT_EQ(Zaro({"demo", "--out", "out"}).status, 0);
@@ -178,11 +185,10 @@ TEST_P(ToolExchange, ExportThenImportIntoAnEmptyTableGivesTheSameRows) {
 
 TEST_P(ToolExchange, ImportOfAFileWithABadRowReportsItAndSavesTheOthers) {
     ASSERT_EQ(Zaro({"init"}).status, 0);
-    WriteText(Path("bad.txt"),
-              "0;14/03/2026;;0;1;A1;;1;1;1,5;Uno;Uno;\r\n"
-              "0;14/03/2026;;0;1;;;1;1;2,5;Sin codigo;Sin codigo;\r\n"
-              "0;14/03/2026;;0;1;A3;;1;1;3;Tres;Tres;\r\n");
-    const Outcome run = Zaro({"import", "articulo", "bad.txt"});
+    const Outcome run = ImportText("articulo",
+                                   "0;14/03/2026;;0;1;A1;;1;1;1,5;Uno;Uno;\r\n"
+                                   "0;14/03/2026;;0;1;;;1;1;2,5;Sin codigo;Sin codigo;\r\n"
+                                   "0;14/03/2026;;0;1;A3;;1;1;3;Tres;Tres;\r\n");
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.out, HasSubstr("  line 2 skipped: El campo [CD_ARTICULO] es obligatorio.\n"));
     EXPECT_THAT(run.out, HasSubstr("saved 2 rows (2 inserted, 0 updated); skipped 1 row; skipped 1 empty line\n"));
@@ -195,8 +201,8 @@ TEST_P(ToolExchange, ImportOfAFileWithABadRowReportsItAndSavesTheOthers) {
 TEST_P(ToolExchange, ImportUpdatesRowsWhoseKeyExists) {
     ASSERT_EQ(Zaro({"init"}).status, 0);
     ASSERT_EQ(Zaro({"import", "articulo", SampleFolder() + "/articulo.txt"}).status, 0);
-    WriteText(Path("one.txt"), "8;14/03/2026;050000;0;1;BEB001;8400000000017;1;1;1,75;Café solo;Café solo;\r\n");
-    const Outcome run = Zaro({"import", "articulo", "one.txt"});
+    const Outcome run =
+        ImportText("articulo", "8;14/03/2026;050000;0;1;BEB001;8400000000017;1;1;1,75;Café solo;Café solo;\r\n");
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_THAT(run.out, HasSubstr("saved 1 row (0 inserted, 1 updated)"));
     const Outcome q = Zaro({"query", "select PRECIOMAX from articulo where CD_ARTICULO = 'BEB001'"});
@@ -206,11 +212,10 @@ TEST_P(ToolExchange, ImportUpdatesRowsWhoseKeyExists) {
 TEST_P(ToolExchange, ImportStopsAtADatabaseErrorAndKeepsTheRowsSavedBeforeIt) {
     ASSERT_EQ(Zaro({"init"}).status, 0);
     // PRECIOMAX is decimal(5,3): 123,5 does not fit.
-    WriteText(Path("fail.txt"),
-              "0;;;0;1;A1;;1;1;1,5;Uno;Uno;\r\n"
-              "0;;;0;1;A2;;1;1;123,5;Caro;Caro;\r\n"
-              "0;;;0;1;A3;;1;1;3;Tres;Tres;\r\n");
-    const Outcome run = Zaro({"import", "articulo", "fail.txt"});
+    const Outcome run = ImportText("articulo",
+                                   "0;;;0;1;A1;;1;1;1,5;Uno;Uno;\r\n"
+                                   "0;;;0;1;A2;;1;1;123,5;Caro;Caro;\r\n"
+                                   "0;;;0;1;A3;;1;1;3;Tres;Tres;\r\n");
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.out, HasSubstr("saved 1 row (1 inserted, 0 updated)"));
     EXPECT_THAT(run.err, ::testing::MatchesRegex("zaro: import stopped at line 2: error 1264 \\([^)]+\\): Out of "
@@ -223,8 +228,7 @@ TEST_P(ToolExchange, ImportStopsAtADatabaseErrorAndKeepsTheRowsSavedBeforeIt) {
 
 TEST_P(ToolExchange, ImportReadsBareLineFeedsAsTheExchangesLineEnds) {
     ASSERT_EQ(Zaro({"init"}).status, 0);
-    WriteText(Path("lf.txt"), "1;14/03/2026;0600;7;14/03/2026;\n2;14/03/2026;0601;8;14/03/2026;\n");
-    const Outcome run = Zaro({"import", "inicio_dia", "lf.txt"});
+    const Outcome run = ImportText("inicio_dia", "1;14/03/2026;0600;7;14/03/2026;\n2;14/03/2026;0601;8;14/03/2026;\n");
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_THAT(run.out, HasSubstr("saved 2 rows (2 inserted, 0 updated); skipped 1 empty line\n"));
 }

@@ -32,24 +32,18 @@ std::string DescribeError(const Error& e) {
 // ---------------------------------------------------------------- Session
 
 namespace {
-// A value of a connection string between double quotes, doubling the quotes in it.
-std::string Quoted(const std::string& value) {
-    std::string q = "\"";
+// A value between quotes, each quote in it doubled: the form of a quoted
+// value of a connection string (") and of a text in SQL (').
+std::string Enclosed(const std::string& value, char quote) {
+    std::string q(1, quote);
     for (char c : value) {
-        if (c == '"') q += '"';
+        if (c == quote) q += quote;
         q += c;
     }
-    return q + '"';
+    return q + quote;
 }
-
-std::string SqlText(const std::string& value) {
-    std::string q = "'";
-    for (char c : value) {
-        if (c == '\'') q += '\'';
-        q += c;
-    }
-    return q + '\'';
-}
+std::string Quoted(const std::string& value) { return Enclosed(value, '"'); }
+std::string SqlText(const std::string& value) { return Enclosed(value, '\''); }
 }  // namespace
 
 Session::Session(const Options& options) : log_(options.log) {
