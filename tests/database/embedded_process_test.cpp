@@ -5,6 +5,7 @@
 // program again, with one of the DISABLED_ tests below chosen and its
 // settings in the environment.
 #include <gtest/gtest.h>
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <vector>
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Conversions.h"
@@ -45,13 +47,25 @@ ChildResult RunChild(const std::string& test, const std::string& var, const std:
     static int n = 0;
     const std::string out = dir + "/child" + std::to_string(++n) + ".out";
     const std::string err = dir + "/child" + std::to_string(n) + ".err";
+    // Everything the child needs is made before the fork: after it, in a
+    // process with threads, only async-signal-safe calls.
+    const std::string filter = "--gtest_filter=" + test;
+    const char* argv[] = {"test_database", filter.c_str(), "--gtest_also_run_disabled_tests", nullptr};
+    std::vector<std::string> env;
+    for (char** e = environ; *e; ++e)
+        if (std::string(*e).rfind(var + "=", 0) != 0) env.emplace_back(*e);
+    env.push_back(var + "=" + value);
+    std::vector<char*> envp;
+    for (auto& e : env) envp.push_back(e.data());
+    envp.push_back(nullptr);
     const pid_t pid = fork();
     if (pid == 0) {
-        setenv(var.c_str(), value.c_str(), 1);
-        if (!freopen(out.c_str(), "w", stdout) || !freopen(err.c_str(), "w", stderr)) _exit(126);
-        const std::string filter = "--gtest_filter=" + test;
-        execl("/proc/self/exe", "test_database", filter.c_str(), "--gtest_also_run_disabled_tests",
-              static_cast<char*>(nullptr));
+        const int o = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        const int e = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        if (o < 0 || e < 0) _exit(126);
+        dup2(o, 1);
+        dup2(e, 2);
+        execve("/proc/self/exe", const_cast<char* const*>(argv), envp.data());
         _exit(127);
     }
     int status = 0;
