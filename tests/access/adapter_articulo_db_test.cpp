@@ -418,9 +418,12 @@ TEST_P(AdapterArticulo, ListarWhereWithAConditionPutsWhereInFrontOfTheCallersStr
 
 TEST_P(AdapterArticulo, ListarWhereWithTheWordAlreadyInCapitalsLeavesItAsItIs) {
     std::string cond = "WHERE CD_OP = 1";
+    size_t mark = zaro_test::GeneralLogMark(GetParam());
     da->ListarWhere(cond);
     EXPECT_EQ(cond, "WHERE CD_OP = 1");
-    EXPECT_EQ(Log(*da).back(), kSelect + " WHERE CD_OP = 1" + " " + kOrderBy);
+    const std::string esperado = kSelect + " WHERE CD_OP = 1" + " " + kOrderBy;
+    EXPECT_EQ(Log(*da).back(), esperado);
+    EXPECT_TRUE(ServidorRecibio(mark, esperado));
 }
 
 TEST_P(AdapterArticulo, ListarWhereWithTheLettersOfWhereInAValueSuppressesThePrefix) {
@@ -451,9 +454,14 @@ TEST_P(AdapterArticulo, RsListarWhereLeavesTwoEntriesTheQueryAndTheBareSelect) {
 
 TEST_P(AdapterArticulo, AnOrderByWithoutTheWordsGetsThemForGood) {
     da->OrderBy = "articulo.CD_OP";
+    size_t mark = zaro_test::GeneralLogMark(GetParam());
     auto rs = da->rsListar();
     rs->Close();
     EXPECT_EQ(da->OrderBy, "order by articulo.CD_OP");
+    EXPECT_EQ(Log(*da).back(), kSelect + " " + "order by articulo.CD_OP");
+    EXPECT_TRUE(ServidorRecibio(mark, kSelect + " " + "order by articulo.CD_OP"));
+    // The field stays so: the next read sends it as it is.
+    da->rsListar()->Close();
     EXPECT_EQ(Log(*da).back(), kSelect + " " + "order by articulo.CD_OP");
 }
 

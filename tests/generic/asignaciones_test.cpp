@@ -7,6 +7,7 @@
 
 #include "ZARODatos/generic/EntidadSimple.h"
 #include "ZARODatos/generic/Generica.h"
+#include "ZARODatos/tables/articulo.h"
 
 namespace {
 thread_local bool contando = false;
@@ -88,4 +89,32 @@ TEST(Asignaciones, GetValorByNameOnASimpleKeyEntityAllocatesNothing) {
               }),
               0);
     EXPECT_EQ(v, Variant("corta"));
+}
+
+TEST(Asignaciones, GetValorByNameOnATableEntityAllocatesNothing) {
+    entarticulo e;
+    e.CD_ARTICULO = "A1";
+    std::string primero = "COD_TRANSACC", ultimo = "desc_corta", desconocido = "NO_EXISTE", clave = "CD_ARTICULO";
+    e.GetValor(primero);  // the table's description is made on first use
+    long n = AsignacionesDe([&] {
+        for (int i = 0; i < 100; ++i) {
+            Variant a = e.GetValor(primero);
+            Variant b = e.GetValor(ultimo);
+            Variant c = e.GetValor(desconocido);
+            Variant d = e.GetValor(clave);
+        }
+    });
+    EXPECT_EQ(n, 0);
+}
+
+TEST(Asignaciones, SetValorOfADoubleOnATableEntityAllocatesNothing) {
+    entarticulo e;
+    std::string campo = "PRECIOMAX";
+    Variant v(12.5);
+    e.SetValor(campo, v);
+    long n = AsignacionesDe([&] {
+        for (int i = 0; i < 100; ++i) e.SetValor(campo, v);
+    });
+    EXPECT_EQ(n, 0);
+    EXPECT_EQ(e.PRECIOMAX, 12.5);
 }
