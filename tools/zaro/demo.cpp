@@ -20,7 +20,7 @@ std::string Count(size_t n, const char* one, const char* many) {
     return std::to_string(n) + " " + (n == 1 ? one : many);
 }
 
-// What PrepareTables did, in one line.
+// What PrepareTables did, in a line or three.
 std::string TablesLine(const std::vector<TableState>& states) {
     size_t created = 0, kept = 0;
     std::string site, columns, missing;
@@ -34,8 +34,8 @@ std::string TablesLine(const std::vector<TableState>& states) {
     }
     if (!missing.empty()) throw DataError("the tables are not ready: " + missing);
     std::string line = "tables: " + std::to_string(created) + " created, " + std::to_string(kept) + " kept with rows";
-    if (!site.empty()) line += "; the site's own statement made " + site;
-    if (!columns.empty()) line += "; the site's columns added to " + columns;
+    if (!site.empty()) line += "\n  the site's own statement made " + site;
+    if (!columns.empty()) line += "\n  the site's columns added to " + columns;
     return line;
 }
 

@@ -70,12 +70,14 @@ SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty,
     return r;
 }
 
-// The rows as ExportarTexto writes them, in pieces of a few thousand rows so
-// that the progress bar can move; the text is the same as one call gives.
+// The rows as ExportarTexto writes them. With a progress bar showing, in
+// pieces of a few thousand rows so that the bar can move; the text is the
+// same as one call gives.
 template <class A>
 std::string ExportRows(A& adapter, ListOf<A>& rows, const std::string& separador, Progress& progress) {
     constexpr int32_t kPiece = 2000;
     std::string sep = separador;
+    if (!progress.Shown()) return adapter.ExportarTexto(rows, sep);
     std::string texto;
     size_t done = 0;
     auto piece = std::make_shared<ListOf<A>>();
