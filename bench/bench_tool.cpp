@@ -1,16 +1,22 @@
 // The host tool against the library, in the same run: `zaro import` of a
-// 100,000-row article file and `zaro export` of the table, each paired with
-// the same work done through the library directly:
+// 100,000-row article file and `zaro export` of the table, beside the same
+// work done through the library directly:
 //   import: read the file, ImportarTexto, GrabarDatos (the tool walks the list
 //           itself with CamposOk, Existe, Insert and Update, as GrabarDatos does);
 //   export: Listar, ExportarTexto, write the file.
-// Both on the embedded database, each in a data folder of its own. The
-// tool's figures are whole runs of the program (zaro from the build folder
-// beside this benchmark), so they include starting the process and the
-// embedded engine; the export's pair also measures that alone (`zaro
-// query "select 1"`). Reported: rows per second of wall-clock time and CPU seconds
-// (all threads; the embedded engine works on a thread of its own), as
-// counters, since the benchmark's own time is the sum of both sides.
+// Three sides, each on the embedded database in a data folder of its own:
+//   lib   the work inside this process, on a connection opened once (the
+//         engine warm, its start not counted);
+//   host  a minimal host: this program started again with --host, which opens
+//         the database and does the work through the library and nothing else;
+//   tool  the zaro of the build folder beside this program.
+// host and tool are whole runs of a program, so both pay for starting the
+// process and the embedded engine; what the tool adds is tool against host.
+// `zaro query "select 1"` measures that start alone. Each iteration runs the
+// sides in turn, in a rotating order, so that the machine's load falls on all
+// alike. Reported as counters: rows per second of wall-clock time, and CPU
+// seconds per run (user and system, all threads: the embedded engine works on
+// a thread of its own).
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <spawn.h>
@@ -22,6 +28,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -38,15 +45,6 @@ namespace {
 
 constexpr int kFilas = 100000;
 
-struct Entorno {
-    std::string dir;       // the temp folder of this run
-    std::string archivo;   // the 100,000-row article file
-    std::string zaro;      // the tool
-    std::string datosTool; // the tool's data folder
-    ConnectionRef cn;      // the library's own database
-    std::shared_ptr<daarticulo> da;
-};
-
 std::string Leer(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     std::ostringstream s;
@@ -59,10 +57,61 @@ void Escribir(const std::string& path, const std::string& texto) {
     out.write(texto.data(), static_cast<std::streamsize>(texto.size()));
 }
 
-// Runs the tool with its output thrown away; gives its exit status and adds
+// ---- the work through the library, as both this process and the minimal host do it
+
+void Importar(daarticulo& da, const std::string& archivo) {
+    std::string texto = Leer(archivo);
+    std::string sep = ";";
+    auto lista = da.ImportarTexto(texto, sep);
+    da.GrabarDatos(*lista);
+}
+
+void Exportar(daarticulo& da, const std::string& salida) {
+    auto lista = da.Listar();
+    std::string sep = ";";
+    Escribir(salida, da.ExportarTexto(*lista, sep));
+}
+
+// An empty article table.
+void TablaVacia(ADODB::Connection& cn, daarticulo& da) {
+    cn.Execute("DROP TABLE IF EXISTS articulo");
+    if (!da.CrearTabla()) std::abort();
+}
+
+// The minimal host: `bench_tool --host DATADIR prepare|import FILE|export FILE`.
+int Host(int argc, char** argv) {
+    if (argc < 4) return 1;
+    auto cn = std::make_shared<ADODB::Connection>();
+    cn->Open(std::string("DataDir=") + argv[2]);
+    daarticulo da;
+    da.Conexion = cn;
+    const std::string trabajo = argv[3];
+    if (trabajo == "prepare") TablaVacia(*cn, da);
+    else if (trabajo == "import" && argc > 4) Importar(da, argv[4]);
+    else if (trabajo == "export" && argc > 4) Exportar(da, argv[4]);
+    else return 1;
+    return 0;
+}
+
+// ---- the run's environment
+
+struct Entorno {
+    std::string dir;       // the temp folder of this run
+    std::string archivo;   // the 100,000-row article file
+    std::string self;      // this program, as the minimal host
+    std::string zaro;      // the tool
+    ConnectionRef cn;      // this process's own database
+};
+
+std::string* g_carpeta = nullptr;
+
+void BorrarCarpeta() {
+    if (g_carpeta) std::filesystem::remove_all(*g_carpeta);
+}
+
+// Runs a program with its output thrown away; gives its exit status and adds
 // the CPU time it used (user and system, all its threads) to *cpu.
-int Zaro(const Entorno& e, std::vector<std::string> args, double* cpu = nullptr) {
-    args.insert(args.begin(), {e.zaro, "--db", e.datosTool});
+int Ejecutar(std::vector<std::string> args, double* cpu = nullptr) {
     std::vector<char*> argv;
     for (std::string& a : args) argv.push_back(a.data());
     argv.push_back(nullptr);
@@ -83,6 +132,16 @@ int Zaro(const Entorno& e, std::vector<std::string> args, double* cpu = nullptr)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+std::vector<std::string> ZaroArgs(const Entorno& e, std::vector<std::string> args) {
+    args.insert(args.begin(), {e.zaro, "--db", e.dir + "/tool-data"});
+    return args;
+}
+
+std::vector<std::string> HostArgs(const Entorno& e, std::vector<std::string> args) {
+    args.insert(args.begin(), {e.self, "--host", e.dir + "/host-data"});
+    return args;
+}
+
 // The article file, written by the library itself in the exchange format.
 std::string HacerArchivo() {
     colarticulo lista;
@@ -95,12 +154,6 @@ std::string HacerArchivo() {
     return da.ExportarTexto(lista, sep);
 }
 
-std::string* g_carpeta = nullptr;
-
-void BorrarCarpeta() {
-    if (g_carpeta) std::filesystem::remove_all(*g_carpeta);
-}
-
 Entorno& Env() {
     static Entorno e = [] {
         Entorno r;
@@ -110,10 +163,10 @@ Entorno& Env() {
         g_carpeta = new std::string(r.dir);
         std::atexit(BorrarCarpeta);
         r.archivo = r.dir + "/articulo.txt";
-        r.datosTool = r.dir + "/tool-data";
         char self[PATH_MAX] = {};
         const ssize_t n = readlink("/proc/self/exe", self, sizeof self - 1);
-        r.zaro = std::filesystem::path(std::string(self, n > 0 ? static_cast<size_t>(n) : 0)).parent_path() / "zaro";
+        r.self = std::string(self, n > 0 ? static_cast<size_t>(n) : 0);
+        r.zaro = std::filesystem::path(r.self).parent_path() / "zaro";
         if (!std::filesystem::exists(r.zaro)) {
             std::fprintf(stderr, "the tool is not at %s: build the target zaro first\n", r.zaro.c_str());
             std::exit(1);
@@ -121,29 +174,25 @@ Entorno& Env() {
         Escribir(r.archivo, HacerArchivo());
         r.cn = std::make_shared<ADODB::Connection>();
         r.cn->Open("DataDir=" + r.dir + "/lib-data");
-        r.da = std::make_shared<daarticulo>();
-        r.da->Conexion = r.cn;
-        if (Zaro(r, {"init"}) != 0) {
-            std::fprintf(stderr, "zaro init failed\n");
-            std::exit(1);
-        }
         return r;
     }();
     return e;
 }
 
-// An empty article table in the library's database.
-void TablaVacia(Entorno& e) {
-    e.cn->Execute("DROP TABLE IF EXISTS articulo");
-    if (!e.da->CrearTabla()) std::abort();
+// A fresh adapter, as each run of a program has one (its LogSQL grows by
+// every statement).
+std::shared_ptr<daarticulo> Adapter(Entorno& e) {
+    auto da = std::make_shared<daarticulo>();
+    da->Conexion = e.cn;
+    return da;
 }
+
+// ---- measuring
 
 double Ahora() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// The CPU time of this process so far: user and system, all its threads
-// (the embedded engine's included).
 double CpuPropio() {
     rusage uso{};
     getrusage(RUSAGE_SELF, &uso);
@@ -155,11 +204,12 @@ double CpuPropio() {
 struct Medida {
     double wall = 0, cpu = 0;
     int veces = 0;
+    double Wall() const { return wall / veces; }
+    double Cpu() const { return cpu / veces; }
 };
 
-// Times one run of the library's work in this process.
 template <class F>
-void MedirLibreria(Medida& m, F trabajo) {
+void MedirAqui(Medida& m, F trabajo) {
     const double w = Ahora(), c = CpuPropio();
     trabajo();
     m.wall += Ahora() - w;
@@ -167,66 +217,69 @@ void MedirLibreria(Medida& m, F trabajo) {
     ++m.veces;
 }
 
-// Times one run of the tool; false when it failed.
-bool MedirTool(Medida& m, Entorno& e, const std::vector<std::string>& args) {
+bool MedirPrograma(Medida& m, std::vector<std::string> args) {
     const double w = Ahora();
     double cpu = 0;
-    const bool ok = Zaro(e, args, &cpu) == 0;
+    const bool ok = Ejecutar(std::move(args), &cpu) == 0;
     m.wall += Ahora() - w;
     m.cpu += cpu;
     ++m.veces;
     return ok;
 }
 
-// The figures of both sides as counters: rows per second of wall-clock
-// time, CPU seconds per run, and the tool's share over the library's.
-void Informar(benchmark::State& st, const Medida& lib, const Medida& tool, const Medida* arranque = nullptr) {
-    st.counters["lib_rows_s"] = kFilas * lib.veces / lib.wall;
-    st.counters["tool_rows_s"] = kFilas * tool.veces / tool.wall;
-    st.counters["lib_cpu_s"] = lib.cpu / lib.veces;
-    st.counters["tool_cpu_s"] = tool.cpu / tool.veces;
-    st.counters["wall_ratio"] = (tool.wall / tool.veces) / (lib.wall / lib.veces);
-    st.counters["cpu_ratio"] = (tool.cpu / tool.veces) / (lib.cpu / lib.veces);
-    if (arranque) {
-        st.counters["start_wall_s"] = arranque->wall / arranque->veces;
-        st.counters["start_cpu_s"] = arranque->cpu / arranque->veces;
+void Informar(benchmark::State& st, const Medida& lib, const Medida& host, const Medida& tool,
+              const Medida& arranque) {
+    st.counters["lib_rows_s"] = kFilas / lib.Wall();
+    st.counters["host_rows_s"] = kFilas / host.Wall();
+    st.counters["tool_rows_s"] = kFilas / tool.Wall();
+    st.counters["lib_cpu_s"] = lib.Cpu();
+    st.counters["host_cpu_s"] = host.Cpu();
+    st.counters["tool_cpu_s"] = tool.Cpu();
+    st.counters["start_wall_s"] = arranque.Wall();
+    st.counters["tool/host_wall"] = tool.Wall() / host.Wall();
+    st.counters["tool/host_cpu"] = tool.Cpu() / host.Cpu();
+}
+
+// Runs the sides in a rotating order.
+template <class A, class B, class C>
+void EnTurno(int vuelta, A a, B b, C c) {
+    switch (vuelta % 3) {
+        case 0: a(); b(); c(); break;
+        case 1: b(); c(); a(); break;
+        default: c(); a(); b(); break;
     }
 }
 
-// Each iteration runs both sides, in turn first, so that the machine's load
-// falls on both alike.
 void BM_Import_100k(benchmark::State& st) {
     Entorno& e = Env();
-    Medida lib, tool;
+    Medida lib, host, tool, arranque;
     int vuelta = 0;
     for (auto _ : st) {
-        auto libreria = [&] {
-            TablaVacia(e);
-            MedirLibreria(lib, [&] {
-                std::string texto = Leer(e.archivo);
-                std::string sep = ";";
-                auto lista = e.da->ImportarTexto(texto, sep);
-                e.da->GrabarDatos(*lista);
+        EnTurno(
+            vuelta++,
+            [&] {
+                auto da = Adapter(e);
+                TablaVacia(*e.cn, *da);
+                MedirAqui(lib, [&] { Importar(*da, e.archivo); });
+            },
+            [&] {
+                if (Ejecutar(HostArgs(e, {"prepare"})) != 0) st.SkipWithError("the host could not empty its table");
+                if (!MedirPrograma(host, HostArgs(e, {"import", e.archivo}))) st.SkipWithError("the host failed");
+            },
+            [&] {
+                if (Ejecutar(ZaroArgs(e, {"query", "DROP TABLE IF EXISTS articulo"})) != 0 ||
+                    Ejecutar(ZaroArgs(e, {"init"})) != 0)
+                    st.SkipWithError("could not empty the tool's table");
+                if (!MedirPrograma(tool, ZaroArgs(e, {"import", "articulo", e.archivo})))
+                    st.SkipWithError("zaro import failed");
+                MedirPrograma(arranque, ZaroArgs(e, {"query", "select 1"}));
             });
-        };
-        auto herramienta = [&] {
-            if (Zaro(e, {"query", "DROP TABLE IF EXISTS articulo"}) != 0 || Zaro(e, {"init"}) != 0)
-                st.SkipWithError("could not empty the tool's table");
-            if (!MedirTool(tool, e, {"import", "articulo", e.archivo})) st.SkipWithError("zaro import failed");
-        };
-        if (vuelta++ % 2 == 0) {
-            libreria();
-            herramienta();
-        } else {
-            herramienta();
-            libreria();
-        }
     }
-    Informar(st, lib, tool);
+    Informar(st, lib, host, tool, arranque);
 }
 
-// The rows of the library's article table (0 when it is missing).
-int64_t FilasLibreria(Entorno& e) {
+// The rows of this process's article table (0 when it is missing).
+int64_t Filas(Entorno& e) {
     std::string sql = "select count(*) from information_schema.tables where table_name = 'articulo' and "
                       "table_schema = database()";
     std::string campo;
@@ -238,46 +291,51 @@ int64_t FilasLibreria(Entorno& e) {
 void BM_Export_100k(benchmark::State& st) {
     Entorno& e = Env();
     // Run alone, the export needs the rows the import benchmark leaves behind.
-    if (FilasLibreria(e) != kFilas) {
-        TablaVacia(e);
-        std::string texto = Leer(e.archivo), sep = ";";
-        e.da->GrabarDatos(*e.da->ImportarTexto(texto, sep));
-        Zaro(e, {"query", "DROP TABLE IF EXISTS articulo"});
-        Zaro(e, {"init"});
-        if (Zaro(e, {"import", "articulo", e.archivo}) != 0) st.SkipWithError("zaro import failed");
+    if (Filas(e) != kFilas) {
+        auto da = Adapter(e);
+        TablaVacia(*e.cn, *da);
+        Importar(*da, e.archivo);
+        Ejecutar(HostArgs(e, {"prepare"}));
+        Ejecutar(HostArgs(e, {"import", e.archivo}));
+        Ejecutar(ZaroArgs(e, {"query", "DROP TABLE IF EXISTS articulo"}));
+        Ejecutar(ZaroArgs(e, {"init"}));
+        if (Ejecutar(ZaroArgs(e, {"import", "articulo", e.archivo})) != 0) st.SkipWithError("zaro import failed");
     }
-    const std::string salidaLib = e.dir + "/lib-export.txt", salidaTool = e.dir + "/tool-export.txt";
-    Medida lib, tool, arranque;
+    const std::string salidaLib = e.dir + "/lib.txt", salidaHost = e.dir + "/host.txt",
+                      salidaTool = e.dir + "/tool.txt";
+    Medida lib, host, tool, arranque;
     int vuelta = 0;
     for (auto _ : st) {
-        auto libreria = [&] {
-            MedirLibreria(lib, [&] {
-                auto lista = e.da->Listar();
-                std::string sep = ";";
-                Escribir(salidaLib, e.da->ExportarTexto(*lista, sep));
+        EnTurno(
+            vuelta++,
+            [&] {
+                auto da = Adapter(e);
+                MedirAqui(lib, [&] { Exportar(*da, salidaLib); });
+            },
+            [&] {
+                if (!MedirPrograma(host, HostArgs(e, {"export", salidaHost}))) st.SkipWithError("the host failed");
+            },
+            [&] {
+                if (!MedirPrograma(tool, ZaroArgs(e, {"export", "articulo", "--out", salidaTool})))
+                    st.SkipWithError("zaro export failed");
+                MedirPrograma(arranque, ZaroArgs(e, {"query", "select 1"}));
             });
-        };
-        auto herramienta = [&] {
-            if (!MedirTool(tool, e, {"export", "articulo", "--out", salidaTool}))
-                st.SkipWithError("zaro export failed");
-            // What starting and ending the tool costs alone: one small query on the same database.
-            if (!MedirTool(arranque, e, {"query", "select 1"})) st.SkipWithError("zaro query failed");
-        };
-        if (vuelta++ % 2 == 0) {
-            libreria();
-            herramienta();
-        } else {
-            herramienta();
-            libreria();
-        }
     }
-    if (Leer(salidaTool) != Leer(salidaLib)) st.SkipWithError("the tool's export differs from the library's");
-    Informar(st, lib, tool, &arranque);
+    if (Leer(salidaTool) != Leer(salidaLib) || Leer(salidaHost) != Leer(salidaLib))
+        st.SkipWithError("the three exports differ");
+    Informar(st, lib, host, tool, arranque);
 }
 
-BENCHMARK(BM_Import_100k)->Unit(benchmark::kSecond)->UseRealTime()->Iterations(2);
-BENCHMARK(BM_Export_100k)->Unit(benchmark::kSecond)->UseRealTime()->Iterations(10);
+BENCHMARK(BM_Import_100k)->Unit(benchmark::kSecond)->UseRealTime()->Iterations(3);
+BENCHMARK(BM_Export_100k)->Unit(benchmark::kSecond)->UseRealTime()->Iterations(12);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    if (argc > 1 && std::strcmp(argv[1], "--host") == 0) return Host(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
