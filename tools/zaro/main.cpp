@@ -1,5 +1,7 @@
 // zaro: the command line, the table of commands, their help, and the one
 // place where every failure ends as one line and an exit status.
+#include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <exception>
 #include <iostream>
@@ -245,7 +247,17 @@ int Main(int argc, char** argv) {
     if (n < c->minArgs || n > c->maxArgs)
         throw UsageError(std::string(n < c->minArgs ? "missing arguments" : "too many arguments") + " for " +
                          c->name + "; usage: zaro " + c->name + " " + c->synopsis);
-    return c->run(o);
+    const int status = c->run(o);
+    // Output that could not be written is lost data: say so, unless the
+    // reader went away on purpose (a closed pipe).
+    errno = 0;
+    std::cout.flush();
+    if (!std::cout) {
+        if (errno == EPIPE) return kExitData;
+        throw DataError(std::string("can not write to standard output: ") +
+                        (errno ? std::strerror(errno) : "write failed"));
+    }
+    return status;
 }
 
 }  // namespace
@@ -253,6 +265,9 @@ int Main(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace zaro;
+    // A reader that goes away early (zaro demo | head) must not kill the
+    // process while the embedded engine runs: writes to it just fail.
+    std::signal(SIGPIPE, SIG_IGN);
     try {
         return Main(argc, argv);
     } catch (const UsageError& e) {
