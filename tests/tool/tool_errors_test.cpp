@@ -139,6 +139,13 @@ TEST_P(ToolAlone, AnUnreachableServerIsADataErrorWithTheClientsError) {
                                       "\\(ADODB.Connection\\): Can't connect to server on '127.0.0.1' [^\n]*\n"));
 }
 
+TEST_P(ToolAlone, OutputThatCanNotBeWrittenIsADataError) {
+    ASSERT_EQ(Zaro({"init"}).status, 0);
+    const Outcome run = ZaroWritingTo("/dev/full", {"export", "articulo"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.err, StartsWith("zaro: can not write to standard output"));
+}
+
 TEST_P(ToolAlone, ABadConnectionStringIsNamed) {
     const Outcome run = ZaroBare({"--connect", "Bogus=1", "tables"});
     EXPECT_EQ(run.status, 2);

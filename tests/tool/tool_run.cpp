@@ -32,17 +32,18 @@ int ExitStatus(pid_t pid) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-// Runs the program with its output in two files of the work folder.
-Outcome Spawn(std::vector<std::string> args, const std::string& cwd) {
+// Runs the program with its output in two files of the work folder, or its
+// standard output in stdoutPath when one is given.
+Outcome Spawn(std::vector<std::string> args, const std::string& cwd, const std::string& stdoutPath = {}) {
     static int counter = 0;
     const std::string base = cwd + "/.run" + std::to_string(++counter);
-    const std::string outFile = base + ".out", errFile = base + ".err";
+    const std::string outFile = stdoutPath.empty() ? base + ".out" : stdoutPath, errFile = base + ".err";
     std::vector<char*> argv = Argv(args);
     const pid_t pid = fork();
     if (pid == 0) {
         // Only async-signal-safe calls between fork and exec.
         if (chdir(cwd.c_str()) != 0) _exit(126);
-        const int out = open(outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        const int out = open(outFile.c_str(), O_WRONLY | O_CREAT | (stdoutPath.empty() ? O_TRUNC : 0), 0644);
         const int err = open(errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
         const int in = open("/dev/null", O_RDONLY);
         if (out < 0 || err < 0 || in < 0) _exit(126);
@@ -55,7 +56,7 @@ Outcome Spawn(std::vector<std::string> args, const std::string& cwd) {
     Outcome r;
     if (pid < 0) return r;
     r.status = ExitStatus(pid);
-    r.out = ReadText(outFile);
+    if (stdoutPath.empty()) r.out = ReadText(outFile);
     r.err = ReadText(errFile);
     return r;
 }
@@ -117,6 +118,12 @@ Outcome ToolTest::ZaroOnTerminal(std::vector<std::string> args) {
     args.insert(args.begin(), roadOptions_.begin(), roadOptions_.end());
     args.insert(args.begin(), kZaro);
     return SpawnOnTerminal(std::move(args), work_);
+}
+
+Outcome ToolTest::ZaroWritingTo(const std::string& stdoutPath, std::vector<std::string> args) {
+    args.insert(args.begin(), roadOptions_.begin(), roadOptions_.end());
+    args.insert(args.begin(), kZaro);
+    return Spawn(std::move(args), work_, stdoutPath);
 }
 
 Outcome ToolTest::ZaroBare(std::vector<std::string> args) {

@@ -40,6 +40,8 @@ protected:
     Outcome ZaroOnTerminal(std::vector<std::string> args);
     // zaro exactly with these arguments (no database options).
     Outcome ZaroBare(std::vector<std::string> args);
+    // zaro with the road's options and its standard output to the given file.
+    Outcome ZaroWritingTo(const std::string& stdoutPath, std::vector<std::string> args);
 
     const std::string& Work() const { return work_; }
     std::string Path(const std::string& name) const { return work_ + "/" + name; }

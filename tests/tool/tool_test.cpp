@@ -233,6 +233,13 @@ TEST_P(ToolExchange, ImportReadsBareLineFeedsAsTheExchangesLineEnds) {
     EXPECT_THAT(run.out, HasSubstr("saved 2 rows (2 inserted, 0 updated); skipped 1 empty line\n"));
 }
 
+TEST_P(ToolExchange, ImportDropsAByteOrderMark) {
+    ASSERT_EQ(Zaro({"init"}).status, 0);
+    const Outcome run = ImportText("fin_dia", "\xEF\xBB\xBF" "9;14/03/2026;2200;7;14/03/2026;\r\n");
+    EXPECT_EQ(run.status, 0) << run.out << run.err;
+    EXPECT_EQ(Zaro({"export", "fin_dia"}).out, "9;14/03/2026;2200;7;14/03/2026;\r\n\r\n");
+}
+
 TEST_P(ToolExchange, ImportAndExportTakeAnotherSeparator) {
     ASSERT_EQ(Zaro({"init"}).status, 0);
     WriteText(Path("tab.txt"), "1\t14/03/2026\t0600\t7\t14/03/2026\t\r\n");
