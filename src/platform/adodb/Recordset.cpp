@@ -478,7 +478,10 @@ void RecordsetImpl::Close() {
         if (row.open) {
             Session* s = session_.get();
             s->RemoveRecordset(this);
-            if (s->IsOpen() && (res_ || stmt_)) {
+            if (s->IsOpen() && res_ && !stmt_) {
+                s->FreeLater(res_);  // a stored result: freed with the session's next call
+                res_ = nullptr;
+            } else if (s->IsOpen() && (res_ || stmt_)) {
                 s->Call([&] { ReleaseEngine(); });
             }
         }

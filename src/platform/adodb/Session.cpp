@@ -45,7 +45,18 @@ Session::~Session() {
         } catch (...) {
         }
     }
+    if (!exited_ && thread_ && !pendingFree_.empty()) {
+        try {
+            Call([] {});
+        } catch (...) {
+        }
+    }
     thread_.reset();
+}
+
+void Session::FreePending() {
+    for (MYSQL_RES* r : pendingFree_) mysql_free_result(r);
+    pendingFree_.clear();
 }
 
 void Session::Connect() {

@@ -21,11 +21,18 @@ public:
     static std::shared_ptr<Session> Open(const ConnectionOptions& options);
     ~Session();
 
-    // Runs f on the engine thread.
+    // Runs f on the engine thread, after freeing the results left to free.
     template <class F>
     auto Call(F&& f) {
-        return thread_->Run(std::forward<F>(f));
+        return thread_->Run([&]() -> decltype(auto) {
+            FreePending();
+            return f();
+        });
     }
+
+    // A stored result to free on the engine thread with the next call, so
+    // that closing a static recordset costs no hand-over of its own.
+    void FreeLater(MYSQL_RES* res) { pendingFree_.push_back(res); }
 
     bool IsOpen() const { return mysql_ != nullptr || lost_; }
     bool Embedded() const { return options_.embedded; }
@@ -62,6 +69,7 @@ private:
     void Connect();      // on the engine thread
     void Disconnect();   // on the engine thread
     void CloseRecordsets();
+    void FreePending();  // on the engine thread
 
     ConnectionOptions options_;
     std::unique_ptr<EngineThread> thread_;
@@ -70,6 +78,7 @@ private:
     bool registered_ = false;
     bool exited_ = false;
     std::vector<RecordsetImpl*> recordsets_;
+    std::vector<MYSQL_RES*> pendingFree_;
 };
 
 }  // namespace OVT_ZARO::ADODB::detail
