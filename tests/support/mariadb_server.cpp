@@ -151,6 +151,8 @@ const std::string& InstalledTemplate() {
                                      "--auth-root-authentication-method=normal",
                                      "--skip-test-db",
                                      "--skip-name-resolve",
+                                     // Its own temp folder: a server starting elsewhere clears /tmp's temp tables.
+                                     "--tmpdir=" + dir,
                                      "--innodb-log-file-size=8M",
                                      "--innodb-buffer-pool-size=16M"};
     if (IsRoot()) install.push_back("--user=root");
