@@ -6,9 +6,10 @@
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Screen.h"
 #include "ZARODatos/tables/articulo.h"
-#include "support/roads.h"
+#include "access/articulo_db.h"
 
 using namespace OVT_ZARO;
+using zaro_test::Capturar;
 using zaro_test::Road;
 
 namespace {
@@ -24,17 +25,6 @@ const std::string kInsertCabeza =
     "insert into articulo  (COD_TRANSACC, FECHA_REAL, HORA_REAL, CD_OP, TIPO_OPERACION, CD_ARTICULO, IDARTICOLGS1, "
     "TIPO_FAMILIA , TIPO_SUBFAMILIA, PRECIOMAX, DESC_ARTICULO, DESC_CORTA)  values  (";
 
-template <class F>
-Error Capturar(F&& f) {
-    try {
-        f();
-    } catch (const Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error raised";
-    return Error(-1, "", "");
-}
-
 std::vector<std::string> Log(const daarticulo& da) {
     std::vector<std::string> r;
     if (da.LogSQL)
@@ -42,41 +32,18 @@ std::vector<std::string> Log(const daarticulo& da) {
     return r;
 }
 
-std::string RTrim(std::string s) {
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\n' || s.back() == '\r')) s.pop_back();
-    return s;
-}
-
-class AdapterArticulo : public ::testing::TestWithParam<Road> {
+class AdapterArticulo : public zaro_test::ArticuloDb {
 protected:
     void SetUp() override {
-        cn = zaro_test::OpenRoad(GetParam());
-        zaro_test::DropAllTables(*cn);
-        da = std::make_shared<daarticulo>();
-        da->Conexion = cn;
+        ArticuloDb::SetUp();
         ASSERT_TRUE(da->CrearTabla());
     }
-    // The statements the server received since mark, without the trailing blanks the log drops.
     std::vector<std::string> Servidor(size_t mark) { return zaro_test::GeneralLogSince(GetParam(), mark); }
-    bool ServidorRecibio(size_t mark, const std::string& sql) {
-        for (const std::string& s : Servidor(mark))
-            if (RTrim(s) == RTrim(sql)) return true;
-        return false;
-    }
     std::shared_ptr<entarticulo> Nuevo(const std::string& codigo) {
         auto e = std::make_shared<entarticulo>();
         e->CD_ARTICULO = codigo;
         return e;
     }
-    Variant Leer(const std::string& sql) {
-        auto rs = cn->Execute(sql);
-        Variant v = rs->Fields().Item(int32_t{0}).Value();
-        rs->Close();
-        return v;
-    }
-
-    ConnectionRef cn;
-    std::shared_ptr<daarticulo> da;
 };
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/tables/articulo.h"
-#include "support/roads.h"
+#include "access/articulo_db.h"
 
 using namespace OVT_ZARO;
 using zaro_test::Road;
@@ -19,39 +19,14 @@ const std::string kCreate =
     "`PRECIOMAX` decimal(5,3) default NULL,   `DESC_ARTICULO` varchar(50) default NULL,   "
     "`DESC_CORTA` varchar(25) default NULL,   PRIMARY KEY  (`CD_ARTICULO`) ) ENGINE=MyISAM DEFAULT CHARSET=latin1";
 
-std::string RTrim(std::string s) {
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\n' || s.back() == '\r')) s.pop_back();
-    return s;
-}
-
-class CrearYGrabar : public ::testing::TestWithParam<Road> {
+class CrearYGrabar : public zaro_test::ArticuloDb {
 protected:
-    void SetUp() override {
-        cn = zaro_test::OpenRoad(GetParam());
-        zaro_test::DropAllTables(*cn);
-        da = std::make_shared<daarticulo>();
-        da->Conexion = cn;
-    }
-    Variant Leer(const std::string& sql) {
-        auto rs = cn->Execute(sql);
-        Variant v = rs->Fields().Item(int32_t{0}).Value();
-        rs->Close();
-        return v;
-    }
     bool Existe(const std::string& tabla) {
         auto rs = cn->Execute("SHOW TABLES LIKE '" + tabla + "'");
         bool hay = !rs->EOF_();
         rs->Close();
         return hay;
     }
-    std::vector<std::string> Enviadas(size_t mark) {
-        std::vector<std::string> r;
-        for (const std::string& s : zaro_test::GeneralLogSince(GetParam(), mark)) r.push_back(RTrim(s));
-        return r;
-    }
-
-    ConnectionRef cn;
-    std::shared_ptr<daarticulo> da;
 };
 
 }  // namespace
