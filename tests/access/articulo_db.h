@@ -2,6 +2,7 @@
 // road, an article adapter on it, and readers of values and of the server's log.
 #pragma once
 
+#include "support/capturar.h"
 #include <gtest/gtest.h>
 
 #include "ZARODatos/tables/articulo.h"
@@ -10,17 +11,6 @@
 namespace zaro_test {
 
 // The error an operation raises (a failure of the test when it raises none).
-template <class F>
-OVT_ZARO::Error Capturar(F&& f) {
-    try {
-        f();
-    } catch (const OVT_ZARO::Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error raised";
-    return OVT_ZARO::Error(-1, "", "");
-}
-
 // A statement without the trailing blanks that the server's log drops.
 inline std::string RTrim(std::string s) {
     while (!s.empty() && (s.back() == ' ' || s.back() == '\n' || s.back() == '\r')) s.pop_back();

@@ -1,25 +1,12 @@
 // The table entity template, shown on the article entity.
+#include "support/capturar.h"
 #include <gtest/gtest.h>
 
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/tables/articulo.h"
 
 using namespace OVT_ZARO;
-
-namespace {
-
-template <class F>
-Error Capturar(F&& f) {
-    try {
-        f();
-    } catch (const Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error raised";
-    return Error(-1, "", "");
-}
-
-}  // namespace
+using zaro_test::Capturar;
 
 TEST(EntidadArticulo, NewEntityHasZerosEmptyStringsAndTheZeroDate) {
     entarticulo e;

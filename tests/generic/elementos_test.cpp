@@ -1,4 +1,5 @@
 // Name and value elements: entElemento and coleccionElementos, in memory.
+#include "support/capturar.h"
 #include <gtest/gtest.h>
 
 #include "ZARODatos/generic/Elementos.h"
@@ -7,21 +8,7 @@
 #include "ZARODatos/platform/XML.h"
 
 using namespace OVT_ZARO;
-
-namespace {
-
-template <class F>
-Error ErrorDe(F&& f) {
-    try {
-        f();
-    } catch (const Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error was raised";
-    return Error(-1, "", "");
-}
-
-}  // namespace
+using zaro_test::Capturar;
 
 TEST(entElemento, NewElementHasEmptyNombreAndEmptyValor) {
     entElemento e;
@@ -104,7 +91,7 @@ TEST(entElemento, SetValorIndiceOneAndTwoStoreAsSetValor) {
 // gives every failure the source "entElemento" followed by a blank.
 TEST(entElemento, SetValorWithUnknownNameRaises) {
     entElemento e;
-    Error err = ErrorDe([&] { e.SetValor("Otro", Variant(1)); });
+    Error err = Capturar([&] { e.SetValor("Otro", Variant(1)); });
     EXPECT_EQ(err.Number, 0);
     EXPECT_EQ(err.Description, "Nombre campo incorrecto");
     EXPECT_EQ(err.Source, "entElemento ");
@@ -138,7 +125,7 @@ TEST(entElemento, SetValorValorKeepsTheVariantAsItIs) {
 TEST(entElemento, SetValorNombreWithNullRaisesInvalidUseOfNullUnderItsSource) {
     entElemento e;
     e.Nombre = "antes";
-    Error err = ErrorDe([&] { e.SetValor("Nombre", Variant::Null()); });
+    Error err = Capturar([&] { e.SetValor("Nombre", Variant::Null()); });
     EXPECT_EQ(err.Number, 94);
     EXPECT_EQ(err.Source, "entElemento ");
     EXPECT_EQ(err.Description, "Invalid use of Null");
@@ -175,7 +162,7 @@ TEST(entElemento, ToXMLWithEmptyVariableWritesBackTheNombre) {
 
 TEST(entElemento, ToXMLFailureNamesTheSourceEntmaepai) {
     entElemento e;
-    Error err = ErrorDe([&] { e.ToXML("no valido"); });
+    Error err = Capturar([&] { e.ToXML("no valido"); });
     EXPECT_EQ(err.Source, " entmaepai");
     EXPECT_EQ(err.Number, XML::kInvalidName);
 }
@@ -183,7 +170,7 @@ TEST(entElemento, ToXMLFailureNamesTheSourceEntmaepai) {
 TEST(entElemento, ToXMLOfANullValorFailsUnderEntmaepai) {
     entElemento e;
     e.Valor = Variant::Null();
-    Error err = ErrorDe([&] { e.ToXML(); });
+    Error err = Capturar([&] { e.ToXML(); });
     EXPECT_EQ(err.Source, " entmaepai");
     EXPECT_EQ(err.Number, 94);
 }
@@ -221,17 +208,17 @@ TEST(coleccionElementos, AddTwiceWithOneNameKeepsBothAndItemClaveReturnsTheFirst
 TEST(coleccionElementos, ItemBeyondCountFailsWithTheCollectionErrorWhileItemClaveOfUnknownNameIsNull) {
     coleccionElementos l;
     l.Add("a", Variant(1));
-    Error err = ErrorDe([&] { l.Item(2); });
+    Error err = Capturar([&] { l.Item(2); });
     EXPECT_EQ(err.Number, 9);
     EXPECT_EQ(err.Description, "Subscript out of range");
-    EXPECT_EQ(ErrorDe([&] { l.Item(Variant(0)); }).Number, 9);
+    EXPECT_EQ(Capturar([&] { l.Item(Variant(0)); }).Number, 9);
     EXPECT_EQ(l.ItemClave("b"), nullptr);
 }
 
 TEST(coleccionElementos, ItemWithAStringFailsBecauseElementsHaveNoKey) {
     coleccionElementos l;
     l.Add("a", Variant(1));
-    EXPECT_EQ(ErrorDe([&] { l.Item(Variant("a")); }).Number, 5);
+    EXPECT_EQ(Capturar([&] { l.Item(Variant("a")); }).Number, 5);
 }
 
 TEST(coleccionElementos, RemoveClosesTheGap) {
@@ -261,7 +248,7 @@ TEST(coleccionElementos, AddEntidadAppendsTheGivenObjectNotACopy) {
 // A list of elements holds elements: no object is refused at the door.
 TEST(coleccionElementos, AddEntidadWithNoObjectRaisesObjectNotSet) {
     coleccionElementos l;
-    Error err = ErrorDe([&] { l.AddEntidad(entElementoRef()); });
+    Error err = Capturar([&] { l.AddEntidad(entElementoRef()); });
     EXPECT_EQ(err.Number, 91);
     EXPECT_EQ(l.Count(), 0);
 }

@@ -1,4 +1,5 @@
 // The simple key entity and its list, in memory.
+#include "support/capturar.h"
 #include <gtest/gtest.h>
 
 #include "ZARODatos/generic/EntidadSimple.h"
@@ -9,21 +10,7 @@
 #include "ZARODatos/platform/XML.h"
 
 using namespace OVT_ZARO;
-
-namespace {
-
-template <class F>
-Error ErrorDe(F&& f) {
-    try {
-        f();
-    } catch (const Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error was raised";
-    return Error(-1, "", "");
-}
-
-}  // namespace
+using zaro_test::Capturar;
 
 TEST(entEntidadSimple, NewEntityHasEmptyKeysEmptyDescriptionAndNoObject) {
     entEntidadSimple e;
@@ -71,12 +58,12 @@ TEST(entEntidadSimple, SetValorObjetoDoesNothingWhileAnUnknownNameRaises) {
     EXPECT_NO_THROW(e.SetValor("Objeto", Variant(std::make_shared<Collection>())));
     EXPECT_NO_THROW(e.SetValor("OBJETO", Variant(5)));
     EXPECT_EQ(e.Objeto, obj);
-    Error err = ErrorDe([&] { e.SetValor("Clave4", Variant(1)); });
+    Error err = Capturar([&] { e.SetValor("Clave4", Variant(1)); });
     EXPECT_EQ(err.Number, 0);
     EXPECT_EQ(err.Source, "entEntidadSimple");
     EXPECT_EQ(err.Description, "Nombre campo incorrecto");
     // The empty name has no case in SetValor.
-    EXPECT_EQ(ErrorDe([&] { e.SetValor("", Variant(1)); }).Number, 0);
+    EXPECT_EQ(Capturar([&] { e.SetValor("", Variant(1)); }).Number, 0);
 }
 
 TEST(entEntidadSimple, SetValorIndiceFiveDoesNothing) {
@@ -124,10 +111,10 @@ TEST(entEntidadSimple, FieldNamesByIndex) {
 
 TEST(entEntidadSimple, SetValorDescripcionWithNullRaisesUnderItsSource) {
     entEntidadSimple e;
-    Error err = ErrorDe([&] { e.SetValor("Descripcion", Variant::Null()); });
+    Error err = Capturar([&] { e.SetValor("Descripcion", Variant::Null()); });
     EXPECT_EQ(err.Number, 94);
     EXPECT_EQ(err.Source, "entEntidadSimple");
-    err = ErrorDe([&] { e.SetValorIndice(int16_t{4}, Variant::Null()); });
+    err = Capturar([&] { e.SetValorIndice(int16_t{4}, Variant::Null()); });
     EXPECT_EQ(err.Number, 94);
     EXPECT_EQ(err.Source, "entEntidadSimple");
 }
@@ -149,7 +136,7 @@ TEST(entEntidadSimple, ToXMLWritesTheFiveFieldsAndTheTypeNameOfObjeto) {
 TEST(entEntidadSimple, ToXMLFailureNamesTheSourceEntmaepai) {
     entEntidadSimple e;
     e.Clave2 = Variant::Null();
-    Error err = ErrorDe([&] { e.ToXML(); });
+    Error err = Capturar([&] { e.ToXML(); });
     EXPECT_EQ(err.Number, 94);
     EXPECT_EQ(err.Source, " entmaepai");
 }
@@ -237,7 +224,7 @@ TEST(colEntidadSimple, ItemClaveComparesDatesByValue) {
 TEST(colEntidadSimple, ItemClaveOverAnObjectKeyRaisesTypeMismatch) {
     colEntidadSimple l;
     l.Add(Variant(std::make_shared<Collection>()), 0, 0);
-    EXPECT_EQ(ErrorDe([&] { l.ItemClave(Variant(1), Variant(0), Variant(0)); }).Number, 13);
+    EXPECT_EQ(Capturar([&] { l.ItemClave(Variant(1), Variant(0), Variant(0)); }).Number, 13);
 }
 
 TEST(colEntidadSimple, ItemClaveArgumentsBindToVariables) {
@@ -253,7 +240,7 @@ TEST(colEntidadSimple, AddEntidadAppendsTheGivenObject) {
     auto e = std::make_shared<entEntidadSimple>();
     EXPECT_EQ(l.AddEntidad(e), e);
     EXPECT_EQ(l.Item(Variant(1)), e);
-    EXPECT_EQ(ErrorDe([&] { l.AddEntidad(entEntidadSimpleRef()); }).Number, 91);
+    EXPECT_EQ(Capturar([&] { l.AddEntidad(entEntidadSimpleRef()); }).Number, 91);
 }
 
 TEST(colEntidadSimple, ItemRemoveAndEnumeration) {
@@ -261,7 +248,7 @@ TEST(colEntidadSimple, ItemRemoveAndEnumeration) {
     l.Add(1, 0, 0, "a");
     l.Add(2, 0, 0, "b");
     l.Add(3, 0, 0, "c");
-    EXPECT_EQ(ErrorDe([&] { l.Item(4); }).Number, 9);
+    EXPECT_EQ(Capturar([&] { l.Item(4); }).Number, 9);
     l.Remove(Variant(2));
     std::string d;
     for (const auto& e : l) d += e->Descripcion;

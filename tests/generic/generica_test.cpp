@@ -1,5 +1,6 @@
 // The dynamic entity and its list, in memory (loading from a database is in
 // generic_db_test.cpp).
+#include "support/capturar.h"
 #include <gtest/gtest.h>
 
 #include "ZARODatos/generic/Generica.h"
@@ -10,19 +11,9 @@
 #include "ZARODatos/tables/ticket.h"
 
 using namespace OVT_ZARO;
+using zaro_test::Capturar;
 
 namespace {
-
-template <class F>
-Error ErrorDe(F&& f) {
-    try {
-        f();
-    } catch (const Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error was raised";
-    return Error(-1, "", "");
-}
 
 entidadGenericaRef Generica(std::initializer_list<std::pair<const char*, Variant>> campos) {
     auto e = std::make_shared<entidadGenerica>();
@@ -84,7 +75,7 @@ TEST(entidadGenerica, FieldsComeInOrderOfFirstAssignmentAndKeepTheirType) {
 
 TEST(entidadGenerica, GetValorIndiceOnAnEmptyEntityFailsWithThePositionErrorUnderItsSource) {
     entidadGenerica e;
-    Error err = ErrorDe([&] { e.GetValorIndice(int16_t{1}); });
+    Error err = Capturar([&] { e.GetValorIndice(int16_t{1}); });
     EXPECT_EQ(err.Number, 9);
     EXPECT_EQ(err.Source, "entidadGenerica");
     EXPECT_EQ(err.Description, "Subscript out of range");
@@ -93,10 +84,10 @@ TEST(entidadGenerica, GetValorIndiceOnAnEmptyEntityFailsWithThePositionErrorUnde
 TEST(entidadGenerica, BadIndexFailsInGetNombreCampoAndSetValorIndiceToo) {
     auto e = Generica({{"a", Variant(1)}});
     for (int16_t i : {int16_t{0}, int16_t{2}, int16_t{-1}}) {
-        Error err = ErrorDe([&] { e->GetNombreCampo(i); });
+        Error err = Capturar([&] { e->GetNombreCampo(i); });
         EXPECT_EQ(err.Number, 9);
         EXPECT_EQ(err.Source, "entidadGenerica");
-        err = ErrorDe([&] { e->SetValorIndice(i, Variant(5)); });
+        err = Capturar([&] { e->SetValorIndice(i, Variant(5)); });
         EXPECT_EQ(err.Number, 9);
         EXPECT_EQ(err.Source, "entidadGenerica");
     }
@@ -193,7 +184,7 @@ TEST(entidadGenerica, ToXMLOfAnEntityWithoutFieldsIsAnEmptyElement) {
 
 TEST(entidadGenerica, ToXMLWithAFieldNameThatIsNoXMLNameFailsUnderEntmaepai) {
     auto e = Generica({{"count(*)", Variant(int32_t{3})}});
-    Error err = ErrorDe([&] { e->ToXML(); });
+    Error err = Capturar([&] { e->ToXML(); });
     EXPECT_EQ(err.Number, XML::kInvalidName);
     EXPECT_EQ(err.Source, " entmaepai");
 }
@@ -217,18 +208,18 @@ TEST(coleccionGenerica, AddAppendsTheGivenObjectAndItemReturnsIt) {
     EXPECT_EQ(l.Add(e), e);
     EXPECT_EQ(l.Item(1), e);
     EXPECT_EQ(l.Item(Variant(int16_t{1})), e);
-    EXPECT_EQ(ErrorDe([&] { l.Item(2); }).Number, 9);
+    EXPECT_EQ(Capturar([&] { l.Item(2); }).Number, 9);
 }
 
 TEST(coleccionGenerica, AddWithNoObjectRaisesObjectNotSet) {
     coleccionGenerica l;
-    EXPECT_EQ(ErrorDe([&] { l.Add(entidadGenericaRef()); }).Number, 91);
+    EXPECT_EQ(Capturar([&] { l.Add(entidadGenericaRef()); }).Number, 91);
     EXPECT_EQ(l.Count(), 0);
 }
 
 TEST(coleccionGenerica, CargarWithNoRecordsetRaisesObjectNotSet) {
     coleccionGenerica l;
-    EXPECT_EQ(ErrorDe([&] { l.Cargar(std::shared_ptr<ADODB::Recordset>()); }).Number, 91);
+    EXPECT_EQ(Capturar([&] { l.Cargar(std::shared_ptr<ADODB::Recordset>()); }).Number, 91);
 }
 
 TEST(coleccionGenerica, QueriesReadFieldsThroughGetValorAndSeeErrorLiteralForAMissingName) {

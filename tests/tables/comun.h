@@ -7,23 +7,14 @@
 #include <vector>
 
 #include "caso_tabla.h"
+#include "support/capturar.h"
 
 namespace zaro_tablas {
 
 inline const char kSinConexion[] = "No se ha establecido una conexi\xC3\xB3n";
 inline const char kSinConexionLectura[] = "No se ha establecido una conexin";
 
-// The error an operation raises; a test failure when it raises none.
-template <class F>
-Error Capturar(F&& f) {
-    try {
-        f();
-    } catch (const Error& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no error raised";
-    return Error(-1, "", "");
-}
+using zaro_test::Capturar;
 
 inline std::vector<std::string> Log(const AdapterBase& da) {
     std::vector<std::string> r;
