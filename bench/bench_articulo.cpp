@@ -15,13 +15,13 @@
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/XML.h"
 #include "ZARODatos/tables/articulo.h"
+#include "bench_support.h"
 
 using namespace OVT_ZARO;
 
 namespace {
 
 struct Entorno {
-    std::string dir;
     ConnectionRef cn;
     std::shared_ptr<daarticulo> da;
 };
@@ -29,10 +29,7 @@ struct Entorno {
 Entorno& Env() {
     static Entorno e = [] {
         Entorno r;
-        char plantilla[] = "/tmp/zaro-bench-XXXXXX";
-        r.dir = mkdtemp(plantilla);
-        r.cn = std::make_shared<ADODB::Connection>();
-        r.cn->Open("DataDir=" + r.dir + "/data");
+        r.cn = zaro_bench::AbrirEmbebida("zaro-bench");
         r.da = std::make_shared<daarticulo>();
         r.da->Conexion = r.cn;
         return r;
@@ -40,33 +37,7 @@ Entorno& Env() {
     return e;
 }
 
-void Llenar(const std::string& tabla, int n) {
-    Entorno& e = Env();
-    e.cn->Execute("DROP TABLE IF EXISTS " + tabla);
-    daarticulo da;
-    da.Conexion = e.cn;
-    da.Tabla(tabla);
-    da.CrearTabla();
-    std::string sql;
-    for (int i = 0; i < n; ++i) {
-        if (sql.empty())
-            sql = "insert into " + tabla +
-                  " (COD_TRANSACC, FECHA_REAL, HORA_REAL, CD_OP, TIPO_OPERACION, CD_ARTICULO, IDARTICOLGS1, "
-                  "TIPO_FAMILIA, TIPO_SUBFAMILIA, PRECIOMAX, DESC_ARTICULO, DESC_CORTA) values ";
-        else
-            sql += ",";
-        char fila[256];
-        std::snprintf(fila, sizeof fila,
-                      "(%d, '2026-03-%02d', '10%02d', %d, 1, 'A%07d', '84100000%05d', %d, %d, %d.%03d, "
-                      "'Articulo de prueba numero %d', 'Art %d')",
-                      i % 1000, 1 + i % 28, i % 60, i % 20, i, i % 100000, i % 30, i % 300, i % 99, i % 1000, i, i);
-        sql += fila;
-        if ((i + 1) % 5000 == 0 || i + 1 == n) {
-            e.cn->Execute(sql);
-            sql.clear();
-        }
-    }
-}
+void Llenar(const std::string& tabla, int n) { zaro_bench::LlenarArticulos(Env().cn, tabla, n); }
 
 // The raw C API on the embedded database, for the calling thread.
 MYSQL* RawConnect() {

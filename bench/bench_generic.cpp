@@ -8,6 +8,8 @@
 // on a thread of its own.
 #include <benchmark/benchmark.h>
 
+#include "bench_support.h"
+
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
@@ -23,47 +25,17 @@ namespace {
 constexpr int kFilas = 100000;
 
 struct Entorno {
-    std::string dir;
     ConnectionRef cn;
     std::shared_ptr<daarticulo> da;
 };
 
-void Llenar(Entorno& e) {
-    e.cn->Execute("DROP TABLE IF EXISTS articulo");
-    if (!e.da->CrearTabla()) {
-        std::fprintf(stderr, "could not create the table\n");
-        std::abort();
-    }
-    std::string sql;
-    for (int i = 0; i < kFilas; ++i) {
-        if (sql.empty())
-            sql = "insert into articulo (COD_TRANSACC, FECHA_REAL, HORA_REAL, CD_OP, TIPO_OPERACION, CD_ARTICULO, "
-                  "IDARTICOLGS1, TIPO_FAMILIA, TIPO_SUBFAMILIA, PRECIOMAX, DESC_ARTICULO, DESC_CORTA) values ";
-        else
-            sql += ",";
-        char fila[256];
-        std::snprintf(fila, sizeof fila,
-                      "(%d, '2026-03-%02d', '10%02d', %d, 1, 'A%07d', '84100000%05d', %d, %d, %d.%03d, "
-                      "'Articulo de prueba numero %d', 'Art %d')",
-                      i % 1000, 1 + i % 28, i % 60, i % 20, i, i % 100000, i % 30, i % 300, i % 99, i % 1000, i, i);
-        sql += fila;
-        if ((i + 1) % 5000 == 0 || i + 1 == kFilas) {
-            e.cn->Execute(sql);
-            sql.clear();
-        }
-    }
-}
-
 Entorno& Env() {
     static Entorno e = [] {
         Entorno r;
-        char plantilla[] = "/tmp/zaro-bench-generic-XXXXXX";
-        r.dir = mkdtemp(plantilla);
-        r.cn = std::make_shared<ADODB::Connection>();
-        r.cn->Open("DataDir=" + r.dir + "/data");
+        r.cn = zaro_bench::AbrirEmbebida("zaro-bench-generic");
         r.da = std::make_shared<daarticulo>();
         r.da->Conexion = r.cn;
-        Llenar(r);
+        zaro_bench::LlenarArticulos(r.cn, "articulo", kFilas);
         return r;
     }();
     return e;
