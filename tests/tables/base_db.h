@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "caso_tabla.h"
@@ -77,5 +78,24 @@ class PorRoad : public ::testing::TestWithParam<Road>, public BaseDb {
 protected:
     void SetUp() override { Abrir(GetParam()); }
 };
+
+// A test of a group of tables over both roads: the table's case, and its
+// adapter on the road's clean database.
+using ParamCasoDb = std::tuple<const CasoTabla*, Road>;
+
+class CasoDb : public ::testing::TestWithParam<ParamCasoDb>, public BaseDb {
+protected:
+    const CasoTabla& caso = *std::get<0>(GetParam());
+    void AbrirConAdapter() {
+        Abrir(std::get<1>(GetParam()));
+        da = caso.NuevoAdapter();
+        da->Conexion = cn;
+    }
+    std::shared_ptr<AdapterBase> da;
+};
+
+inline std::string NombreCasoDb(const ::testing::TestParamInfo<ParamCasoDb>& info) {
+    return std::get<0>(info.param)->esp.Tabla + "_" + std::get<1>(info.param).name;
+}
 
 }  // namespace zaro_tablas

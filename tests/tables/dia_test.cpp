@@ -17,31 +17,21 @@ protected:
     const CasoTabla& caso = *GetParam();
 };
 
-using ParamDb = std::tuple<const CasoTabla*, Road>;
-
-class DiasDb : public ::testing::TestWithParam<ParamDb>, public BaseDb {
+class DiasDb : public CasoDb {
 protected:
-    const CasoTabla& caso = *std::get<0>(GetParam());
     void SetUp() override {
-        Abrir(std::get<1>(GetParam()));
-        da = caso.NuevoAdapter();
-        da->Conexion = cn;
+        AbrirConAdapter();
         ASSERT_TRUE(da->CrearTabla());
     }
     void Poner(IEntidad& e, std::string campo, Variant v) { e.SetValor(campo, v); }
-    std::shared_ptr<AdapterBase> da;
 };
-
-std::string NombreDb(const ::testing::TestParamInfo<ParamDb>& info) {
-    return std::get<0>(info.param)->esp.Tabla + "_" + std::get<1>(info.param).name;
-}
 
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(Ambos, Dias, ::testing::ValuesIn(LosDias()), NombreDeCaso);
 INSTANTIATE_TEST_SUITE_P(Ambos, DiasDb,
                          ::testing::Combine(::testing::ValuesIn(LosDias()), ::testing::ValuesIn(zaro_test::AllRoads())),
-                         NombreDb);
+                         NombreCasoDb);
 
 TEST(Dia, TheTwoTablesShareTheirFieldsAndDifferInTheirNames) {
     entinicio_dia inicio;

@@ -23,15 +23,10 @@ protected:
     const CasoTabla& caso = *GetParam();
 };
 
-using ParamDb = std::tuple<const CasoTabla*, Road>;
-
-class ResumenesDb : public ::testing::TestWithParam<ParamDb>, public BaseDb {
+class ResumenesDb : public CasoDb {
 protected:
-    const CasoTabla& caso = *std::get<0>(GetParam());
     void SetUp() override {
-        Abrir(std::get<1>(GetParam()));
-        da = caso.NuevoAdapter();
-        da->Conexion = cn;
+        AbrirConAdapter();
     }
     // The sample with the three fields set, as a caller sets them.
     std::shared_ptr<IEntidad> ConLosTres() {
@@ -43,12 +38,7 @@ protected:
         }
         return e;
     }
-    std::shared_ptr<AdapterBase> da;
 };
-
-std::string NombreDb(const ::testing::TestParamInfo<ParamDb>& info) {
-    return std::get<0>(info.param)->esp.Tabla + "_" + std::get<1>(info.param).name;
-}
 
 }  // namespace
 
@@ -56,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(Ambos, Resumenes, ::testing::ValuesIn(LosResumenes()), 
 INSTANTIATE_TEST_SUITE_P(Ambos, ResumenesDb,
                          ::testing::Combine(::testing::ValuesIn(LosResumenes()),
                                             ::testing::ValuesIn(zaro_test::AllRoads())),
-                         NombreDb);
+                         NombreCasoDb);
 
 TEST_P(Resumenes, GetValorAndSetValorReachTheThreeLastFieldsWhileTheIndexBeyondNumCamposAnswersError) {
     auto e = caso.NuevaEntidad();
