@@ -1,8 +1,9 @@
 // ZARODatos: everything a host needs, in one header.
 //
 //   Platform   Variant, Date, Error, Collection, conversions under the host's
-//              locale, screen services, ADODB (Connection, Recordset, Fields)
-//              and the XML document.
+//              locale, screen services, ADODB (Connection, Recordset, Fields),
+//              the XML document, the screen controls (the control model, the
+//              headless kit, the user driver) and the picture strip Form1.
 //   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel.
 //   Access     the adapter and typed-list templates, DataAdapters.
 //   Tables     ent/col/da of the ten tables.
@@ -12,11 +13,16 @@
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/ByRef.h"
 #include "ZARODatos/platform/Collection.h"
+#include "ZARODatos/platform/Controls.h"
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Date.h"
 #include "ZARODatos/platform/Error.h"
 #include "ZARODatos/platform/Event.h"
+#include "ZARODatos/platform/HeadlessControls.h"
+#include "ZARODatos/platform/Pictures.h"
 #include "ZARODatos/platform/Screen.h"
+#include "ZARODatos/platform/Strings.h"
+#include "ZARODatos/platform/UserDriver.h"
 #include "ZARODatos/platform/Variant.h"
 #include "ZARODatos/platform/XML.h"
 

@@ -2,6 +2,7 @@
 #include "ZARODatos/platform/Date.h"
 
 #include <cmath>
+#include <ctime>
 
 #include "ZARODatos/platform/Error.h"
 #include "platform/DateMath.h"
@@ -106,5 +107,15 @@ DateParts Date::Split() const {
 double Date::DatePart() const { return std::trunc(serial_); }
 
 double Date::TimePart() const { return std::fabs(serial_ - std::trunc(serial_)); }
+
+Date Now() {
+    const std::time_t t = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&t, &local);
+    return Date::FromParts(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
+                           local.tm_sec);
+}
+
+Date Today() { return Date(std::floor(Now().Serial())); }
 
 }  // namespace OVT_ZARO

@@ -18,9 +18,12 @@ std::string PlatformErrorText(int32_t number) {
         case 13: return "Type mismatch";
         case 91: return "Object variable or With block variable not set";
         case 94: return "Invalid use of Null";
+        case 380: return "Invalid property value";
+        case 381: return "Invalid property array index";
         case 424: return "Object required";
         case 438: return "Object doesn't support this property or method";
         case 457: return "This key is already associated with an element of this collection";
+        case 730: return "Control not found";
         case 3021:
             return "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires "
                    "a current record.";

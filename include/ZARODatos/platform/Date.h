@@ -43,4 +43,8 @@ private:
 // The zero date, 30 December 1899.
 inline constexpr Date ZeroDate{};
 
+// Today's date (no time part) and the present moment, by the local clock.
+Date Today();
+Date Now();
+
 }  // namespace OVT_ZARO

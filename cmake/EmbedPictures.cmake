@@ -1,0 +1,18 @@
+# Writes a C++ source holding the picture strip's PNG files as byte arrays.
+#   cmake -DOUT=<file.cpp> -DDIR=<folder of the PNG files> -DKEYS=checked,unchecked,... -P EmbedPictures.cmake
+string(REPLACE "," ";" KEYS "${KEYS}")
+set(body "// Generated from the PNG files of resources/pictures; do not edit.\n#include <cstddef>\n#include <cstdint>\n\nnamespace OVT_ZARO::detail {\n\nstruct PictureData {\n    const char* key;\n    const uint8_t* bytes;\n    size_t size;\n};\n\n")
+set(table "")
+foreach(key ${KEYS})
+  file(READ "${DIR}/${key}.png" hex HEX)
+  string(LENGTH "${hex}" len)
+  math(EXPR size "${len} / 2")
+  string(REGEX REPLACE "([0-9a-f][0-9a-f])" "0x\\1," bytes "${hex}")
+  string(APPEND body "static const uint8_t k_${key}[] = {${bytes}};\n")
+  string(APPEND table "    {\"${key}\", k_${key}, ${size}},\n")
+endforeach()
+list(LENGTH KEYS count)
+string(APPEND body "\nextern const PictureData kPictures[] = {\n${table}};\nextern const size_t kPictureCount = ${count};\n\n}  // namespace OVT_ZARO::detail\n")
+file(WRITE "${OUT}.tmp" "${body}")
+file(COPY_FILE "${OUT}.tmp" "${OUT}" ONLY_IF_DIFFERENT)
+file(REMOVE "${OUT}.tmp")

@@ -1,0 +1,49 @@
+#include "ZARODatos/platform/Pictures.h"
+
+#include "ZARODatos/platform/Conversions.h"
+#include "ZARODatos/platform/Error.h"
+
+namespace OVT_ZARO {
+
+namespace detail {
+struct PictureData {
+    const char* key;
+    const uint8_t* bytes;
+    size_t size;
+};
+// Generated at build time from resources/pictures.
+extern const PictureData kPictures[];
+extern const size_t kPictureCount;
+}  // namespace detail
+
+PictureForm::PictureForm() {
+    for (size_t i = 0; i < detail::kPictureCount; ++i) {
+        const detail::PictureData& d = detail::kPictures[i];
+        images_.push_back(std::make_shared<Picture>(d.key, std::vector<uint8_t>(d.bytes, d.bytes + d.size)));
+    }
+}
+
+PictureRef PictureForm::Imagen(const Variant& Key) const {
+    PictureRef resultado;
+    for (const PictureRef& imagen : images_) {
+        // Every key is compared: the walk does not stop at a match. A failure is skipped.
+        try {
+            if (CompareVariants(Key, Variant(imagen->Key()), CompareMethod::Text) == CompareResult::Equal)
+                resultado = imagen;
+        } catch (...) {
+        }
+    }
+    return resultado;
+}
+
+const PictureRef& PictureForm::ListImage(int32_t position) const {
+    if (position < 1 || position > Count()) RaisePlatform(ErrNum::SubscriptOutOfRange);
+    return images_[static_cast<size_t>(position - 1)];
+}
+
+const PictureForm& Form1() {
+    static const PictureForm form;
+    return form;
+}
+
+}  // namespace OVT_ZARO
