@@ -8,6 +8,9 @@
 //   Access     the adapter and typed-list templates, DataAdapters.
 //   Tables     ent/col/da of the ten tables.
 //   Generic    entElemento, entidadGenerica, entEntidadSimple and their lists.
+//   Binding    Columna, coleccionColumnas, ControlListHelper and
+//              ControlListDefinition: lists loaded into list boxes, grids and
+//              spreads, and a flex grid edited cell by cell.
 #pragma once
 
 #include "ZARODatos/platform/ADODB.h"
@@ -40,3 +43,7 @@
 #include "ZARODatos/generic/Elementos.h"
 #include "ZARODatos/generic/EntidadSimple.h"
 #include "ZARODatos/generic/Generica.h"
+
+#include "ZARODatos/binding/Columna.h"
+#include "ZARODatos/binding/ControlListDefinition.h"
+#include "ZARODatos/binding/ControlListHelper.h"

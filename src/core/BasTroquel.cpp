@@ -1,6 +1,7 @@
 #include "ZARODatos/core/BasTroquel.h"
 
 #include <charconv>
+#include <vector>
 
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
@@ -175,6 +176,38 @@ std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::
         RelanzarError(std::string("EntidadToXML"), int16_t{0});
         throw;
     }
+}
+
+CollectionRef OrdenarColeccion(ByRef<ObjectRef> coleccion, const std::string& Campo, ByRef<bool> Descendente) {
+    // Every step carries on past its failure: nothing is raised.
+    auto resultado = std::make_shared<Collection>();
+    int32_t n = 0;
+    try { n = CountOf(*coleccion); } catch (...) {}
+    std::vector<int32_t> slot(static_cast<size_t>(n) + 1);
+    for (int32_t i = 1; i <= n; ++i) slot[static_cast<size_t>(i)] = i;
+    auto entidad = [&](int32_t posicion) -> std::shared_ptr<IEntidad> {
+        return std::dynamic_pointer_cast<IEntidad>(ItemOf(*coleccion, posicion).Get<ObjectRef>());
+    };
+    Variant va, vb;
+    for (int32_t pasada = 1; pasada <= n; ++pasada) {
+        bool ordenado = true;
+        for (int32_t j = 1; j <= n - 1; ++j) {
+            try { va = entidad(slot[static_cast<size_t>(j)])->GetValor(std::string(Campo)); } catch (...) {}
+            try { vb = entidad(slot[static_cast<size_t>(j + 1)])->GetValor(std::string(Campo)); } catch (...) {}
+            try {
+                const CompareResult r = CompareVariants(va, vb, CompareMethod::Binary);
+                if ((*Descendente && r == CompareResult::Less) || (!*Descendente && r == CompareResult::Greater)) {
+                    ordenado = false;
+                    std::swap(slot[static_cast<size_t>(j)], slot[static_cast<size_t>(j + 1)]);
+                }
+            } catch (...) {}
+        }
+        if (ordenado) break;  // a pass without a swap ends the sort
+    }
+    for (int32_t i = 1; i <= n; ++i) {
+        try { resultado->Add(ItemOf(*coleccion, slot[static_cast<size_t>(i)])); } catch (...) {}
+    }
+    return resultado;
 }
 
 }  // namespace OVT_ZARO::BasTroquel

@@ -299,4 +299,17 @@ int32_t CollectionPosition(const Variant& index) {
 
 }  // namespace detail
 
+namespace {
+LateBoundList& LateBound(const ObjectRef& list) {
+    if (!list) RaisePlatform(ErrNum::ObjectNotSet);
+    auto* l = dynamic_cast<LateBoundList*>(list.get());
+    if (!l) RaisePlatform(ErrNum::MemberNotFound, list->TypeName());
+    return *l;
+}
+}  // namespace
+
+int32_t CountOf(const ObjectRef& list) { return LateBound(list).LateCount(); }
+
+Variant ItemOf(const ObjectRef& list, int32_t position) { return LateBound(list).LateItem(position); }
+
 }  // namespace OVT_ZARO

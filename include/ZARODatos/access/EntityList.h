@@ -38,7 +38,7 @@ inline double ValorParaTotal(const Variant& v) { return Val(BasTroquel::Normaliz
 // The collection part of every list, with or without queries: Count, Item,
 // Remove, enumeration and appending without a key.
 template <class E>
-class EntityCollection : public IListaEntidades {
+class EntityCollection : public IListaEntidades, public LateBoundList {
 public:
     using Entity = E;
     using EntityRef = std::shared_ptr<E>;
@@ -51,6 +51,9 @@ public:
     // The collection's own enumeration (NewEnum).
     auto begin() const { return items_.begin(); }
     auto end() const { return items_.end(); }
+    // Count and Item as a late-bound caller (list binding) reaches them.
+    int32_t LateCount() override { return Count(); }
+    Variant LateItem(int32_t posicion) override { return Variant(items_.Item(posicion)); }
 
     // Appends without a key (the body of AddEntidad and of the queries).
     // No object can not be added: 91, so a list never holds a null element.

@@ -2,7 +2,7 @@
 //
 // Running SQL, reading a single value, reading a column with a default, the
 // number text rule that every SQL literal and every numeric SetValor passes
-// through, and XML output of an entity. The functions keep no state.
+// through, XML output of an entity, and the sort of a bound control's rows. The functions keep no state.
 // Failure styles: EjecutarSQL and ObtenerValorSQL pass a failure on with its
 // number, source and description; LeerCampo, ValorPorDefecto and
 // NormalizarNumero turn failure into their default; ValorDeCampo carries on
@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "ZARODatos/core/Contracts.h"
+#include "ZARODatos/platform/Collection.h"
 
 namespace OVT_ZARO::XML {
 class IXMLDOMElement;
@@ -56,6 +57,14 @@ std::string NormalizarNumero(std::string_view texto);
 // written back to the argument) with one child per field 1 to NumCampos
 // holding the field's default string form.
 std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::string> NombreElementoXML);
+
+// A new Collection, without keys, of the same entities sorted by the field
+// Campo: a bubble sort over positions that stops at the first pass without a
+// swap, swapping only on strictly greater (less when Descendente), so ties
+// keep their order; values compare by binary comparison (capitals before
+// small letters, a number below a text). Carries on past every failure and
+// never raises; no collection gives an empty one.
+CollectionRef OrdenarColeccion(ByRef<ObjectRef> coleccion, const std::string& Campo, ByRef<bool> Descendente);
 
 // The number a SetValor of an integer or double field stores: the value's
 // text through NormalizarNumero, read with "." as the decimal point.

@@ -100,9 +100,29 @@ private:
     std::vector<std::string> keys_;
 };
 
-class Collection : public Object, public BasicCollection<Variant> {
+// What a late-bound caller reaches of a collection by member name: Count,
+// and Item by position from 1 (enumeration walks the positions in order).
+// The platform's Collection and every list of the library answer to it.
+class LateBoundList {
+public:
+    virtual int32_t LateCount() = 0;
+    // The element at a position; out of range raises the collection's error.
+    virtual Variant LateItem(int32_t position) = 0;
+
+protected:
+    ~LateBoundList() = default;
+};
+
+// Count and Item of any object asked by name: no object raises 91, an
+// object without them 438 "Object doesn't support this property or method".
+int32_t CountOf(const ObjectRef& list);
+Variant ItemOf(const ObjectRef& list, int32_t position);
+
+class Collection : public Object, public BasicCollection<Variant>, public LateBoundList {
 public:
     std::string TypeName() const override { return "Collection"; }
+    int32_t LateCount() override { return Count(); }
+    Variant LateItem(int32_t position) override { return Item(position); }
 };
 
 using CollectionRef = std::shared_ptr<Collection>;
