@@ -185,15 +185,20 @@ CollectionRef OrdenarColeccion(ByRef<ObjectRef> coleccion, const std::string& Ca
     try { n = CountOf(*coleccion); } catch (...) {}
     std::vector<int32_t> slot(static_cast<size_t>(n) + 1);
     for (int32_t i = 1; i <= n; ++i) slot[static_cast<size_t>(i)] = i;
-    auto entidad = [&](int32_t posicion) -> std::shared_ptr<IEntidad> {
-        return std::dynamic_pointer_cast<IEntidad>(ItemOf(*coleccion, posicion).Get<ObjectRef>());
+    // The entity at a position; Nothing (or no entity) raises 91 like a call on an unset object.
+    auto entidad = [&](int32_t posicion) -> IEntidad& {
+        const Variant v = ItemOf(*coleccion, posicion);
+        const ObjectRef* o = v.GetIf<ObjectRef>();
+        auto* e = o ? dynamic_cast<IEntidad*>(o->get()) : nullptr;
+        if (!e) RaisePlatform(ErrNum::ObjectNotSet);
+        return *e;
     };
     Variant va, vb;
     for (int32_t pasada = 1; pasada <= n; ++pasada) {
         bool ordenado = true;
         for (int32_t j = 1; j <= n - 1; ++j) {
-            try { va = entidad(slot[static_cast<size_t>(j)])->GetValor(std::string(Campo)); } catch (...) {}
-            try { vb = entidad(slot[static_cast<size_t>(j + 1)])->GetValor(std::string(Campo)); } catch (...) {}
+            try { va = entidad(slot[static_cast<size_t>(j)]).GetValor(std::string(Campo)); } catch (...) {}
+            try { vb = entidad(slot[static_cast<size_t>(j + 1)]).GetValor(std::string(Campo)); } catch (...) {}
             try {
                 const CompareResult r = CompareVariants(va, vb, CompareMethod::Binary);
                 if ((*Descendente && r == CompareResult::Less) || (!*Descendente && r == CompareResult::Greater)) {

@@ -11,6 +11,7 @@
 #include "ZARODatos.h"
 #include "support/capturar.h"
 #include "support/recorder.h"
+#include "support/roads.h"
 
 namespace zaro_test {
 

@@ -31,6 +31,8 @@ struct Road {
     std::string name;              // "embedded" or "server"
     std::string connectionString;  // opens the road's test database
 };
+// A road in a test's name and messages: its name.
+inline void PrintTo(const Road& road, std::ostream* os) { *os << road.name; }
 
 std::vector<Road> AllRoads();
 std::string RoadName(const ::testing::TestParamInfo<Road>& info);
