@@ -9,14 +9,7 @@ namespace OVT_ZARO {
 namespace {
 const char kSinConexion[] = "No se ha establecido una conexi\xC3\xB3n";
 const char kSinConexionLectura[] = "No se ha establecido una conexin";
-const char kAcento[] = "\xC2\xB4";  // the acute accent that replaces every apostrophe
-
-void AnexarTexto(std::string& sql, std::string_view valor) {
-    for (char ch : valor) {
-        if (ch == '\'') sql += kAcento;
-        else sql.push_back(ch);
-    }
-}
+void AnexarTexto(std::string& sql, std::string_view valor) { BasTroquel::AnexarTextoSQL(sql, valor); }
 
 void AnexarFecha(std::string& sql, Date fecha) {
     DateParts p = fecha.Split();

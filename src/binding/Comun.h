@@ -29,6 +29,26 @@ IEntidadRef EntidadDe(const Variant& elemento);
 // and itself as description. REQUIRES: called inside a catch handler.
 [[noreturn]] void RelanzaDescripcionComoNumero();
 
+// Carry on: runs one step; a failure is skipped, nothing is reported, and
+// the caller goes on with the next step.
+template <class F>
+void Paso(F&& paso) {
+    try {
+        paso();
+    } catch (...) {
+    }
+}
+
+// The value of a step that carries on: what the step gives, or otro when it fails.
+template <class T, class F>
+T Valor(F&& paso, T otro) {
+    try {
+        return paso();
+    } catch (...) {
+        return otro;
+    }
+}
+
 // The source of the helper's handlers.
 inline constexpr const char* kFuenteHelper = "ControlHelper";
 

@@ -1,8 +1,17 @@
-// ControlListDefinition as a record: creation, the overlays and the
-// control stored, and the order of release.
+// ControlListDefinition: creation and release, the overlays and the grid
+// attached with their events, the current cell, entering and leaving a
+// cell, the row colouring, and sorting by a click on a heading.
 #include "ZARODatos/binding/ControlListDefinition.h"
 
+#include "ZARODatos/binding/ControlListHelper.h"
+#include "ZARODatos/platform/Conversions.h"
+#include "binding/Comun.h"
+
 namespace OVT_ZARO {
+
+using enlace::Obj;
+using enlace::Paso;
+using enlace::Valor;
 
 ControlListDefinition::ControlListDefinition()
     : Datos(std::make_shared<Collection>()),
@@ -18,18 +27,188 @@ ControlListDefinition::~ControlListDefinition() {
     Entidad.reset();
 }
 
-void ControlListDefinition::control(const ControlRef& c) { mControl = c; }
+ControlListHelper& ControlListDefinition::Helper() { return Obj(Clh.lock()); }
+
+template <class... Args>
+Subscription ControlListDefinition::Escucha(const ControlRef& c, Event<Args...> Control::*evento,
+                                            void (ControlListDefinition::*metodo)(Args&...)) {
+    // The handler keeps the definition alive while it runs, when a shared_ptr holds it.
+    return Subscription(c, evento, [this, metodo](Args&... args) {
+        auto vivo = weak_from_this().lock();
+        (this->*metodo)(args...);
+    });
+}
+
+// ---- The grid and the overlays ---------------------------------------------------
+
+void ControlListDefinition::control(const ControlRef& c) {
+    // Carries on past a failing step.
+    mControl = c;
+    if (!Valor([&] { return TextEquals(c ? c->TypeName() : "Nothing", "MSFlexGrid"); }, false)) return;
+    MSFlexGrid = c;
+    eventosGrid_.clear();
+    Paso([&] {
+        eventosGrid_.push_back(Escucha(c, &Control::Click, &ControlListDefinition::Grid_Click));
+        eventosGrid_.push_back(Escucha(c, &Control::DblClick, &ControlListDefinition::Grid_DblClick));
+        eventosGrid_.push_back(Escucha(c, &Control::KeyUp, &ControlListDefinition::Grid_KeyUp));
+        eventosGrid_.push_back(Escucha(c, &Control::MouseUp, &ControlListDefinition::Grid_MouseUp));
+        eventosGrid_.push_back(Escucha(c, &Control::EnterCell, &ControlListDefinition::Grid_EnterCell));
+        eventosGrid_.push_back(Escucha(c, &Control::LeaveCell, &ControlListDefinition::Grid_LeaveCell));
+    });
+}
 
 void ControlListDefinition::TextBox(const ControlRef& textBox) {
+    // Unguarded: with no grid given before, the last step raises 91.
     if (!textBox) return;  // no object: the earlier text box stays
     mTextBox = textBox;
+    eventosTexto_.clear();
+    eventosTexto_.push_back(Escucha(textBox, &Control::GotFocus, &ControlListDefinition::Texto_GotFocus));
+    eventosTexto_.push_back(Escucha(textBox, &Control::KeyPress, &ControlListDefinition::Texto_KeyPress));
+    eventosTexto_.push_back(Escucha(textBox, &Control::KeyUp, &ControlListDefinition::Texto_KeyUp));
+    eventosTexto_.push_back(Escucha(textBox, &Control::LostFocus, &ControlListDefinition::Texto_LostFocus));
+    eventosTexto_.push_back(Escucha(textBox, &Control::DblClick, &ControlListDefinition::Texto_DblClick));
+    textBox->SetTabStop(false);
+    Obj(MSFlexGrid).SetHighLight(0);
 }
 
 void ControlListDefinition::ListBox(const ControlRef& listBox) {
+    // Unguarded.
     if (!listBox) return;  // no object: the earlier list stays
     mListBox = listBox;
+    eventosLista_.clear();
+    eventosLista_.push_back(Escucha(listBox, &Control::Click, &ControlListDefinition::Lista_Click));
+    eventosLista_.push_back(Escucha(listBox, &Control::KeyUp, &ControlListDefinition::Lista_KeyUp));
+    listBox->SetTabStop(false);
+    listBox->SetHeight(2370);
 }
 
-void ControlListDefinition::MonthView(const ControlRef& monthView) { mMonthView = monthView; }
+void ControlListDefinition::MonthView(const ControlRef& monthView) {
+    // Unguarded. The calendar is stored as given, also nothing, and not configured.
+    mMonthView = monthView;
+    eventosCalendario_.clear();
+    if (!monthView) return;
+    eventosCalendario_.push_back(
+        Escucha(monthView, &Control::DateClick, &ControlListDefinition::Calendario_DateClick));
+    eventosCalendario_.push_back(
+        Escucha(monthView, &Control::LostFocus, &ControlListDefinition::Calendario_LostFocus));
+}
+
+// ---- The current cell --------------------------------------------------------------
+
+int32_t ControlListDefinition::ColActual() {
+    // Unguarded.
+    return MSFlexGrid ? MSFlexGrid->GetCol() : 1;
+}
+
+int32_t ControlListDefinition::FilaActual() {
+    // Carries on: a failing Row gives 0.
+    if (!MSFlexGrid) return 1;
+    return Valor([&] { return Obj(MSFlexGrid).GetRow(); }, int32_t{0});
+}
+
+int16_t ControlListDefinition::IndiceColumna(const std::string& nombre) {
+    // Carries on: with no Columnas the result stays 0.
+    int16_t resultado = 0;
+    Paso([&] {
+        const int32_t n = Obj(Columnas).Count();
+        for (int32_t i = 1; i <= n; ++i) {
+            if (TextEquals(Obj(Columnas).Item(i)->Nombre, nombre)) {
+                resultado = static_cast<int16_t>(i);
+                return;
+            }
+        }
+        resultado = static_cast<int16_t>(n + 1);
+    });
+    return resultado;
+}
+
+// ---- Entering and leaving a cell -----------------------------------------------
+
+void ControlListDefinition::Grid_EnterCell() {
+    // Carries on past every failing step.
+    if (Iniciando || bNoEventosCambioCelda) return;
+    if (!Datos) return;
+    if (mCeldaErronea) {
+        // The cursor is taken back to the cell that failed; the row is not coloured.
+        bNoEventosCambioCelda = true;
+        Paso([&] { Obj(MSFlexGrid).SetRow(mFilaActual); });
+        Paso([&] { Obj(MSFlexGrid).SetCol(mColActual); });
+        bNoEventosCambioCelda = false;
+        return;
+    }
+    Paso([&] { mFilaActual = Obj(MSFlexGrid).GetRow(); });
+    Paso([&] { mColActual = Obj(MSFlexGrid).GetCol(); });
+    bNoEventosCambioCelda = true;
+    Paso([&] { PintaLinea(ColorLineaSeleccionada, Obj(MSFlexGrid).GetRow()); });
+    bNoEventosCambioCelda = false;
+}
+
+void ControlListDefinition::Grid_LeaveCell() {
+    // Carries on past every failing step.
+    if (Iniciando || bNoEventosCambioCelda) return;
+    if (!Datos) return;
+    Paso([&] {
+        if (Obj(Columnas).Item(ColActual())->TipoDato != Check) ConfirmaCelda();  // its result is not needed
+    });
+    // The row that is left goes white, whatever ColorLineaSeleccionada is.
+    Paso([&] { PintaLinea(0xFFFFFF, Obj(MSFlexGrid).GetRow()); });
+}
+
+void ControlListDefinition::PintaLinea(int32_t color, int32_t fila) {
+    // Carries on past every failing step. Colours the row the grid stands on:
+    // the row argument is not read. Column 0 is left alone.
+    (void)fila;
+    int32_t colGuardada = 0;
+    Paso([&] { colGuardada = Obj(MSFlexGrid).GetCol(); });
+    const bool banderaGuardada = bNoEventosCambioCelda;
+    const int32_t columnas = Valor([&] { return Obj(MSFlexGrid).GetCols(); }, int32_t{0});
+    for (int32_t i = 1; i <= columnas - 1; ++i) {
+        bNoEventosCambioCelda = true;
+        Paso([&] { Obj(MSFlexGrid).SetCol(i); });
+        Paso([&] { Obj(MSFlexGrid).SetCellBackColor(color); });
+    }
+    Paso([&] { Obj(MSFlexGrid).SetCol(colGuardada); });
+    bNoEventosCambioCelda = banderaGuardada;
+}
+
+// ---- Sorting by a click on a heading ---------------------------------------------
+
+void ControlListDefinition::Grid_MouseUp(int16_t&, int16_t&, float& X, float& Y) {
+    // Carries on past a failing step.
+    if (Iniciando) return;
+    if (!Datos) return;
+    Paso([&] { ClickCabecera(MSFlexGrid, X, Y); });
+}
+
+void ControlListDefinition::ClickCabecera(const ControlRef& grid, float X, float Y) {
+    // Local handler: any failure ends the operation quietly.
+    try {
+        if (!PermitirOrdenar) return;
+        if (Y > static_cast<float>(Obj(grid).GetRowHeight(0))) return;  // below the heading row
+        CancelaEdicion();
+        const int32_t k = ColumnaEnX(grid, X);
+        if (!(k > 0 && k < grid->GetCols())) return;
+        const std::string campo = Obj(Columnas).Item(k)->Nombre;
+        // The first click on a column sorts ascending, a repeated one toggles.
+        mOrdenDescendente = TextEquals(mCampoOrden, campo) ? !mOrdenDescendente : false;
+        mCampoOrden = campo;
+        Helper().Ordena(mControl, mCampoOrden, mOrdenDescendente);
+    } catch (...) {
+    }
+}
+
+int32_t ControlListDefinition::ColumnaEnX(const ControlRef& grid, float X) {
+    // Local handler: 0 on any failure.
+    try {
+        const int32_t n = Obj(grid).GetCols();
+        for (int32_t i = 0; i <= n - 1; ++i) {
+            const auto pos = static_cast<float>(grid->GetColPos(i));
+            if (pos <= X && X < pos + static_cast<float>(grid->GetColWidth(i))) return i;
+        }
+        return 0;
+    } catch (...) {
+        return 0;
+    }
+}
 
 }  // namespace OVT_ZARO

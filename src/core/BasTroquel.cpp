@@ -178,6 +178,13 @@ std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::
     }
 }
 
+void AnexarTextoSQL(std::string& sql, std::string_view texto) {
+    for (char ch : texto) {
+        if (ch == '\'') sql += "\xC2\xB4";  // the acute accent "´"
+        else sql.push_back(ch);
+    }
+}
+
 CollectionRef OrdenarColeccion(ByRef<ObjectRef> coleccion, const std::string& Campo, ByRef<bool> Descendente) {
     // Every step carries on past its failure: nothing is raised.
     auto resultado = std::make_shared<Collection>();

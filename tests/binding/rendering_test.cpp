@@ -242,7 +242,7 @@ TEST_F(Rendering, ASpreadLoadedWithoutColumnsFailsOnTextMatrix) {
 
 TEST_F(Rendering, PintandoLineaLetsTheHostColourARowAndChangeACell) {
     helper->PintandoLinea.Attach([](ControlRef& c, IEntidadRef& e, int32_t& fila) {
-        if (CStr(e->GetValor(std::string("TIPO_FAMILIA"))) != "2") return;
+        if (CStr(e->GetValor(std::string("TIPO_SUBFAMILIA"))) != "1") return;
         for (int32_t col = 1; col < c->GetCols(); ++col) {
             c->SetCol(col);
             c->SetCellBackColor(0x00C0C0FF);
@@ -250,10 +250,15 @@ TEST_F(Rendering, PintandoLineaLetsTheHostColourARowAndChangeACell) {
         c->SetTextMatrix(fila, 2, "** " + c->GetTextMatrix(fila, 2));
     });
     helper->CargaMSFlexGrid(grid, Articulos(), ColumnasArticulo());
-    EXPECT_EQ(grid->GetTextMatrix(3, 2), "** Bocadillo de jamón");
-    EXPECT_EQ(grid->CellAt(3, 4).backColor, 0x00C0C0FF);
-    EXPECT_EQ(grid->CellAt(2, 4).backColor, 0);
-    EXPECT_EQ(grid->GetTextMatrix(2, 2), "Café solo");
+    EXPECT_EQ(grid->GetTextMatrix(1, 2), "** Café con leche");
+    EXPECT_EQ(grid->GetTextMatrix(2, 2), "** Café solo");
+    EXPECT_EQ(grid->GetTextMatrix(3, 2), "Bocadillo de jamón");
+    EXPECT_EQ(grid->CellAt(2, 4).backColor, 0x00C0C0FF);
+    // The load ends by entering row 1, which takes the colour of the current
+    // row; the row left (the last one drawn) goes white.
+    EXPECT_EQ(grid->CellAt(1, 4).backColor, 12648447);
+    EXPECT_EQ(grid->CellAt(3, 4).backColor, 0xFFFFFF);
+    EXPECT_EQ(grid->CellAt(2, 0).backColor, 0);  // column 0 is never coloured by the grid's controller
 }
 
 TEST_F(Rendering, ADataGridShowsOnlyTheFieldsThatHaveAColumna) {

@@ -58,6 +58,12 @@ std::string NormalizarNumero(std::string_view texto);
 // holding the field's default string form.
 std::shared_ptr<XML::IXMLDOMElement> EntidadToXML(IEntidad& Entidad, ByRef<std::string> NombreElementoXML);
 
+// Appends texto to an SQL text under the library's apostrophe rule: every
+// "'" is written as "´", so that a text can neither end nor extend the
+// literal it stands in. What every string literal of the adapters, and the
+// filter text of a lookup, pass through.
+void AnexarTextoSQL(std::string& sql, std::string_view texto);
+
 // A new Collection, without keys, of the same entities sorted by the field
 // Campo: a bubble sort over positions that stops at the first pass without a
 // swap, swapping only on strictly greater (less when Descendente), so ties
