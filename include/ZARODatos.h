@@ -3,7 +3,8 @@
 //   Platform   Variant, Date, Error, Collection, conversions under the host's
 //              locale, screen services, ADODB (Connection, Recordset, Fields)
 //              and the XML document.
-//   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel.
+//   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel, the
+//              library's version.
 //   Access     the adapter and typed-list templates, DataAdapters.
 //   Tables     ent/col/da of the ten tables.
 //   Generic    entElemento, entidadGenerica, entEntidadSimple and their lists.
@@ -23,6 +24,7 @@
 #include "ZARODatos/core/BasTroquel.h"
 #include "ZARODatos/core/Contracts.h"
 #include "ZARODatos/core/TableEntity.h"
+#include "ZARODatos/core/Version.h"
 
 #include "ZARODatos/access/DataAdapters.h"
 #include "ZARODatos/access/EntityList.h"
