@@ -57,8 +57,9 @@ CAF01;1;1,8;Café con leche"
 check_prefix() {
   local what=$1 prefix=$2 libdir=$3
   local lib=$prefix/$libdir
-  [ -f "$lib/libZARODatos.so.$version" ] && [ ! -L "$lib/libZARODatos.so.$version" ] ||
+  if [ ! -f "$lib/libZARODatos.so.$version" ] || [ -L "$lib/libZARODatos.so.$version" ]; then
     fail "$what: no file $libdir/libZARODatos.so.$version"
+  fi
   same "$what: libZARODatos.so.$major" "libZARODatos.so.$version" "$(readlink "$lib/libZARODatos.so.$major")"
   same "$what: libZARODatos.so" "libZARODatos.so.$major" "$(readlink "$lib/libZARODatos.so")"
   same "$what: SONAME" "libZARODatos.so.$major" \
@@ -164,8 +165,8 @@ echo "== the consumer against the staging prefix =="
 build_consumer stage "$stage" "$libdir"
 
 echo "== zaro from the staging prefix =="
-mkdir -p "$work/zaro-stage" && (cd "$work/zaro-stage" && "$stage/bin/zaro" demo >demo.txt 2>&1) ||
-  fail "stage: zaro demo: $(cat "$work/zaro-stage/demo.txt")"
+mkdir -p "$work/zaro-stage"
+(cd "$work/zaro-stage" && "$stage/bin/zaro" demo >demo.txt 2>&1) || fail "stage: zaro demo: $(cat "$work/zaro-stage/demo.txt")"
 has "stage: zaro demo" "$(cat "$work/zaro-stage/demo.txt")" "Trading day 14/03/2026: 45 tickets, gross 627,45 after returns"
 
 # ------------------------------------------------------------ the Debian packages
@@ -233,7 +234,7 @@ mkdir -p "$work/zaro-deb"
 (cd "$work/zaro-deb" && "$root/usr/bin/zaro" demo >demo.txt 2>&1) || fail "deb: zaro demo: $(cat "$work/zaro-deb/demo.txt")"
 has "deb: zaro demo" "$(cat "$work/zaro-deb/demo.txt")" "Trading day 14/03/2026: 45 tickets, gross 627,45 after returns"
 rm "$root/usr/share/zaro/sample/fin_dia.txt"
-missing=$(cd "$work/zaro-deb" && "$root/usr/bin/zaro" demo 2>&1 >/dev/null || true)
+missing=$(cd "$work/zaro-deb" && { "$root/usr/bin/zaro" demo 2>&1 >/dev/null || true; })
 has "deb: zaro demo reads the packaged sample day" "$missing" "$root/usr/share/zaro/sample/fin_dia.txt"
 
 if ((failures)); then
