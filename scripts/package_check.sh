@@ -241,4 +241,4 @@ if ((failures)); then
   echo "package check: $failures failure(s)" >&2
   exit 1
 fi
-echo "package check: all good (version $version)"
+echo "package check: all good (version $version, ${SECONDS} s)"
