@@ -2,7 +2,9 @@
 # All tests: installs what is missing, builds the library and tests twice
 # (optimised, and Debug with AddressSanitizer and UndefinedBehaviorSanitizer),
 # fuzzes the text readers for a bounded time, then runs every test program
-# in both builds on the embedded database and on a MariaDB server.
+# in both builds on the embedded database and on a MariaDB server, and last
+# checks the library as a package from outside the build tree (install into a
+# staging prefix, Debian packages, the consumer example built against both).
 set -euo pipefail
 cd "$(dirname "$0")"
 source scripts/setup.sh
@@ -16,3 +18,5 @@ echo "== sanitizer build =="
 ctest --test-dir build/asan --output-on-failure -j1
 echo "== optimised build =="
 ctest --test-dir build/test --output-on-failure -j1
+echo "== the library as a package =="
+bash scripts/package_check.sh build/test

@@ -4,7 +4,8 @@
 //              locale, screen services, ADODB (Connection, Recordset, Fields),
 //              the XML document, the screen controls (the control model, the
 //              headless kit, the user driver) and the picture strip Form1.
-//   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel.
+//   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel, the
+//              library's version.
 //   Access     the adapter and typed-list templates, DataAdapters.
 //   Tables     ent/col/da of the ten tables.
 //   Generic    entElemento, entidadGenerica, entEntidadSimple and their lists.
@@ -32,6 +33,7 @@
 #include "ZARODatos/core/BasTroquel.h"
 #include "ZARODatos/core/Contracts.h"
 #include "ZARODatos/core/TableEntity.h"
+#include "ZARODatos/core/Version.h"
 
 #include "ZARODatos/access/DataAdapters.h"
 #include "ZARODatos/access/EntityList.h"

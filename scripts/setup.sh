@@ -3,7 +3,7 @@
 # Quiet when all are in place. Sourced or run by run.sh and test.sh.
 set -euo pipefail
 
-ZARO_PACKAGES=(g++ cmake make pkg-config
+ZARO_PACKAGES=(g++ cmake make pkg-config man-db
   libmariadbd-dev mariadb-server
   libxml2-dev libicu-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev

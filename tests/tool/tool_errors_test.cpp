@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "ZARODatos/core/Version.h"
 #include "support/mariadb_server.h"
 #include "tool/tool_run.h"
 
@@ -129,6 +130,20 @@ INSTANTIATE_TEST_SUITE_P(Roads, ToolErrors, ::testing::ValuesIn(ToolRoads()), To
 
 // Tests that need no database road of their own.
 using ToolAlone = ToolTest;
+
+TEST_P(ToolAlone, VersionIsTheLibrarysVersion) {
+    const std::string line = "zaro (ZARODatos) " + std::string(OVT_ZARO::LibraryVersion()) + "\n";
+    for (const std::vector<std::string>& args :
+         std::vector<std::vector<std::string>>{{"--version"}, {"tables", "--version"}, {"--version", "demo"}}) {
+        const Outcome run = ZaroBare(args);
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.out, line);
+        EXPECT_EQ(run.err, "");
+    }
+    EXPECT_THAT(ZaroBare({"--help"}).out, HasSubstr("--version"));
+    // Help wins over the version, as it does over a command.
+    EXPECT_THAT(ZaroBare({"--version", "--help"}).out, StartsWith("zaro: the sales figures"));
+}
 
 TEST_P(ToolAlone, AnUnreachableServerIsADataErrorWithTheClientsError) {
     const int port = zaro_test::FreeLoopbackPort();  // nothing listens there

@@ -158,6 +158,17 @@ void WriteFile(const std::string& path, const std::string& text) {
     if (!out) throw DataError("can not write " + path + ": " + std::strerror(errno));
 }
 
+std::string DefaultSampleFolder() {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path program = fs::read_symlink("/proc/self/exe", ec);
+    if (!ec) {
+        const fs::path installed = (program.parent_path() / ZARO_SAMPLE_FROM_BINDIR).lexically_normal();
+        if (fs::is_directory(installed, ec)) return installed.string();
+    }
+    return ZARO_SAMPLE_DIR;
+}
+
 void MakeFolder(const std::string& path) {
     std::error_code ec;
     std::filesystem::create_directories(path, ec);

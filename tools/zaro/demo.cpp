@@ -132,7 +132,7 @@ void ReportByFamily(colresumen_diario_detalle& detalle, std::ostream& out) {
 }  // namespace
 
 int RunDemo(const Options& options) {
-    const std::string carpetaMuestra = options.sample.value_or(ZARO_SAMPLE_DIR);
+    const std::string carpetaMuestra = options.sample.value_or(DefaultSampleFolder());
     const std::string carpetaSalida = options.out.value_or("zaro-out");
     Session session(options);
     DataAdapters& registro = session.Registro();

@@ -29,7 +29,8 @@ const char* const kGlobalOptions =
     "  --connect \"STRING\"  a MariaDB or MySQL server instead, by a connection string such as\n"
     "                      \"Server=127.0.0.1;Port=3306;User=zaro;Password=secret;Database=zaro\"\n"
     "  --log               write to standard error the statements the adapters ran (their LogSQL)\n"
-    "  --help, -h          this help, or the help of the command it goes with\n";
+    "  --help, -h          this help, or the help of the command it goes with\n"
+    "  --version           the version of zaro and of the ZARODatos library it runs with\n";
 
 const char* const kExchange =
     "Exchange text: one row per line ending in CR LF, each field followed by the separator\n"
@@ -61,7 +62,9 @@ const std::vector<Command>& Commands() {
          "the number of its till.\n\n"
          "Options:\n"
          "  --out DIR     the folder of the exchange files (default: ./zaro-out; made when missing)\n"
-         "  --sample DIR  the folder of the sample files (default: the tool's own, " ZARO_SAMPLE_DIR ")\n",
+         "  --sample DIR  the folder of the sample files (default: the tool's own sample day, the\n"
+         "                one installed with it, or the one in the sources for a zaro in its build\n"
+         "                tree)\n",
          0, 0, {"--out", "--sample"}, RunDemo},
         {"init", "", "make the ten tables and say what became of each",
          "Makes the ten tables with each adapter's CrearTabla and reports, for each table:\n"
@@ -185,6 +188,10 @@ Options Parse(int argc, char** argv, std::vector<std::string>& given) {
             o.help = true;
             continue;
         }
+        if (word == "--version") {
+            o.version = true;
+            continue;
+        }
         if (word == "--log") {
             o.log = true;
             given.push_back(word);
@@ -213,6 +220,11 @@ Options Parse(int argc, char** argv, std::vector<std::string>& given) {
 int Main(int argc, char** argv) {
     std::vector<std::string> given;
     Options o = Parse(argc, argv, given);
+    if (o.version && !o.help) {
+        // The tool is built with the library: one version for both.
+        std::cout << "zaro (ZARODatos) " << LibraryVersion() << "\n";
+        return kExitOk;
+    }
     if (o.command == "help") {
         if (o.args.empty()) {
             PrintToolHelp(std::cout);

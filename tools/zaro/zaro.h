@@ -41,6 +41,7 @@ struct Options {
     std::optional<std::string> db, connect, where, sep, out, sample;
     bool log = false;
     bool help = false;
+    bool version = false;
 };
 
 // An Error in one line: "error N (source): description".
@@ -82,6 +83,11 @@ private:
     std::shared_ptr<DataAdapters> registro_;
     std::string donde_;
 };
+
+// The folder of the sample trading day when --sample names none: the one
+// installed with zaro (found from the program's own place), or else the one
+// in the sources, for a zaro in its build tree.
+std::string DefaultSampleFolder();
 
 // Files. A missing or unreadable file raises DataError naming it.
 std::string ReadFile(const std::string& path);
