@@ -416,6 +416,7 @@ public:
     void DoubleClickCell(const ControlRef& grid, int32_t row, int32_t col) override;
     void ClickHeader(const ControlRef& grid, int32_t col) override;
     void ClickItem(const ControlRef& list, int32_t index) override;
+    void Click(const ControlRef& control) override;
     void DoubleClick(const ControlRef& control) override;
     void Type(const std::string& text) override;
     void Press(int16_t keyCode, int16_t shift = 0) override;

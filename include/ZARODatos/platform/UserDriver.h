@@ -27,7 +27,8 @@ public:
     virtual void ClickHeader(const ControlRef& grid, int32_t col) = 0;
     // A click on item index (from 0) of a list box.
     virtual void ClickItem(const ControlRef& list, int32_t index) = 0;
-    // A double click in the middle of a control (a text box, say).
+    // A click, and a double click, in the middle of a control (a text box, say).
+    virtual void Click(const ControlRef& control) = 0;
     virtual void DoubleClick(const ControlRef& control) = 0;
     // Types each character of a UTF-8 text into the control with the focus:
     // KeyDown, KeyPress (the character, unless a handler zeroes it), KeyUp.

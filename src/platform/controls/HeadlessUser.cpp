@@ -91,6 +91,11 @@ void HeadlessUser::ClickItem(const ControlRef& list, int32_t index) {
     l->UserClickItem(index);
 }
 
+void HeadlessUser::Click(const ControlRef& control) {
+    auto& c = Kit(control);
+    c.UserClick(static_cast<float>(c.GetWidth()) / 2, static_cast<float>(c.GetHeight()) / 2);
+}
+
 void HeadlessUser::DoubleClick(const ControlRef& control) {
     auto& c = Kit(control);
     c.UserDoubleClick(static_cast<float>(c.GetWidth()) / 2, static_cast<float>(c.GetHeight()) / 2);
