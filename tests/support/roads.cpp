@@ -134,7 +134,8 @@ size_t GeneralLogMark(const Road& road) {
     return FileSize(LogOf(road));
 }
 
-std::vector<std::string> GeneralLogSince(const Road& road, size_t mark) {
+namespace {
+std::vector<std::string> LogEntries(const Road& road, size_t mark, bool prepared) {
     const std::string text = ReadFrom(LogOf(road), mark);
     // An entry: "[yymmdd hh:mm:ss]\t<blanks><id> <Command>\t<argument>";
     // lines that do not start an entry continue the argument before them.
@@ -150,13 +151,21 @@ std::vector<std::string> GeneralLogSince(const Road& road, size_t mark) {
         std::smatch m;
         if (std::regex_match(line, m, entry)) {
             const std::string command = m[2];
-            collecting = command == "Query" || command == "Execute";
+            collecting = command == "Query" || command == "Execute" || (prepared && command == "Prepare");
             if (collecting) out.push_back(m[3]);
         } else if (collecting && !out.empty()) {
             out.back() += "\n" + line;
         }
     }
     return out;
+}
+
+}  // namespace
+
+std::vector<std::string> GeneralLogSince(const Road& road, size_t mark) { return LogEntries(road, mark, false); }
+
+std::vector<std::string> GeneralLogWithPreparedSince(const Road& road, size_t mark) {
+    return LogEntries(road, mark, true);
 }
 
 }  // namespace zaro_test

@@ -47,6 +47,9 @@ void DropAllTables(OVT_ZARO::ADODB::Connection& cn);
 // prepared statement; its "Prepare" entry is left out).
 size_t GeneralLogMark(const Road& road);
 std::vector<std::string> GeneralLogSince(const Road& road, size_t mark);
+// The same with the "Prepare" entries too: a statement the server refused
+// while preparing it appears only there.
+std::vector<std::string> GeneralLogWithPreparedSince(const Road& road, size_t mark);
 
 // The test program's temp folder (removed at its end).
 const std::string& ProgramTempFolder();
