@@ -288,7 +288,8 @@ TEST_F(TypedInput, FormateaValorGivesTheDisplayTextForAnyColumn) {
     Cargar();
     std::string texto = "1.5";
     int32_t col = 4;
-    auto& d = *std::make_shared<ControlListDefinition>();
+    auto definicion = std::make_shared<ControlListDefinition>();
+    auto& d = *definicion;
     d.control(grid);
     d.Columnas = cols;
     EXPECT_EQ(d.FormateaValor(texto, col), "1,50");
