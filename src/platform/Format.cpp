@@ -6,6 +6,7 @@
 // shown decimals is half away from zero on the digits the user sees.
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,7 +36,11 @@ void StripTrailingZeros(Dec& d) {
     if (d.digits.empty()) d.point = 0;
 }
 
+Dec DecFromInt(int64_t x);
+
 Dec DecFromDouble(double x) {
+    // A whole number below 10^15 has all its digits among the 15 significant ones.
+    if (std::fabs(x) < 1e15 && x == std::trunc(x)) return DecFromInt(static_cast<int64_t>(x));
     Decimal d;
     ToDecimal15(x, d);
     Dec r;
@@ -257,6 +262,34 @@ NumSection ParseNumberSection(std::string_view s) {
     flushCommas();
     r.minInt = firstZero < 0 ? 0 : r.intCount - firstZero;
     return r;
+}
+
+// A pattern split into its sections, with the kind of each and the parse of
+// its number tokens: worked out once per pattern text and kept in a small
+// cache of the thread, since a grid formats every cell of a column with the
+// same pattern. None of it depends on the locale.
+struct CompiledPattern {
+    std::string text;
+    std::vector<std::string> sections;
+    std::vector<bool> isDate;
+    std::vector<NumSection> numbers;
+};
+
+const CompiledPattern& Compile(std::string_view pattern) {
+    thread_local std::vector<std::unique_ptr<CompiledPattern>> cache;  // the most recent last
+    for (size_t i = cache.size(); i-- > 0;)
+        if (cache[i]->text == pattern) return *cache[i];
+    auto c = std::make_unique<CompiledPattern>();
+    c->text = std::string(pattern);
+    for (std::string_view sec : SplitSections(c->text)) c->sections.emplace_back(sec);
+    for (const std::string& sec : c->sections) {
+        c->isDate.push_back(IsDateSection(sec));
+        c->numbers.push_back(ParseNumberSection(sec));
+    }
+    constexpr size_t kKept = 16;
+    if (cache.size() == kKept) cache.erase(cache.begin());
+    cache.push_back(std::move(c));
+    return *cache.back();
 }
 
 std::string FormatNumberSection(const NumSection& sec, Dec x, bool showMinus, const LocaleInfo& loc) {
@@ -675,9 +708,10 @@ Variant Format(const Variant& v, std::string_view pattern) {
             break;
     }
 
-    const std::vector<std::string_view> secs = SplitSections(pattern);
+    const CompiledPattern& compiled = Compile(pattern);
+    const std::vector<std::string>& secs = compiled.sections;
     // A date under a date pattern takes the first section.
-    if (val.kind == FValue::DateValue && IsDateSection(secs[0])) return Variant(FormatDateSection(secs[0], val.num, loc));
+    if (val.kind == FValue::DateValue && compiled.isDate[0]) return Variant(FormatDateSection(secs[0], val.num, loc));
 
     // Sections: positive;negative;zero. An empty or missing negative section
     // uses the first one with a "-"; an empty or missing zero section the first.
@@ -690,16 +724,15 @@ Variant Format(const Variant& v, std::string_view pattern) {
     } else if (val.dec.IsZero() && secs.size() >= 3 && !secs[2].empty()) {
         index = 2;
     }
-    const std::string_view sec = secs[index];
-    if (IsDateSection(sec)) {
+    if (compiled.isDate[index]) {
         // Empty under a date pattern gives "" rather than the zero date.
         if (val.empty) return Variant(std::string());
-        return Variant(FormatDateSection(sec, val.num, loc));
+        return Variant(FormatDateSection(secs[index], val.num, loc));
     }
     Dec magnitude = val.dec;
     magnitude.negative = false;
     // Empty under a number pattern counts as 0.
-    return Variant(FormatNumberSection(ParseNumberSection(sec), magnitude, showMinus, loc));
+    return Variant(FormatNumberSection(compiled.numbers[index], magnitude, showMinus, loc));
 }
 
 }  // namespace OVT_ZARO

@@ -1,5 +1,7 @@
 #include "ZARODatos/platform/Pictures.h"
 
+#include <cctype>
+
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
 
@@ -24,6 +26,24 @@ PictureForm::PictureForm() {
 }
 
 PictureRef PictureForm::Imagen(const Variant& Key) const {
+    // The usual key, a text of plain letters, is compared directly: the keys
+    // of the strip are distinct, so the last match is the only one.
+    if (const std::string* k = Key.GetIf<std::string>()) {
+        bool ascii = true;
+        for (char ch : *k) ascii = ascii && static_cast<unsigned char>(ch) < 0x80;
+        if (ascii) {
+            PictureRef encontrada;
+            for (const PictureRef& imagen : images_) {
+                const std::string& clave = imagen->Key();
+                if (clave.size() != k->size()) continue;
+                bool igual = true;
+                for (size_t i = 0; i < clave.size() && igual; ++i)
+                    igual = std::tolower(static_cast<unsigned char>((*k)[i])) == static_cast<unsigned char>(clave[i]);
+                if (igual) encontrada = imagen;
+            }
+            return encontrada;
+        }
+    }
     PictureRef resultado;
     for (const PictureRef& imagen : images_) {
         // Every key is compared: the walk does not stop at a match. A failure is skipped.
