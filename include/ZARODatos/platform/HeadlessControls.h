@@ -25,8 +25,8 @@
 //    key that types a character (applied only if KeyAscii is still non-zero
 //    after the handlers), then KeyUp; a click gives the focus, MouseDown, the
 //    control's own handling (a grid moves to the cell, a list selects the
-//    item), MouseUp, Click; a double click is a click, then MouseDown,
-//    DblClick, MouseUp.
+//    item), MouseUp, Click; a double click is a click, then DblClick and
+//    MouseUp (MouseDown, MouseUp, Click, DblClick, MouseUp in all).
 //  - Geometry in twips: one fixed row and one fixed column; a column starts
 //    where the ones before it end (ColPos), a cell's place and size come from
 //    the column widths and row heights; nothing scrolls.

@@ -50,9 +50,9 @@ void HeadlessControl::UserClick(float x, float y) {
 }
 
 void HeadlessControl::UserDoubleClick(float x, float y) {
+    // MouseDown, MouseUp, Click, DblClick, MouseUp: the second press gives no MouseDown of its own.
     UserClick(x, y);
     int16_t button = vbLeftButton, shift = 0;
-    MouseDown.Raise(button, shift, x, y);
     DblClick.Raise();
     MouseUp.Raise(button, shift, x, y);
 }
