@@ -213,8 +213,13 @@ void EditSession::RefusedThenAcceptedAmount() {
     EXPECT_EQ(screen_.grid->GetCol(), kAmount);
     EXPECT_EQ(lines_->Item(3)->ImpVenta_A, 4.0);
     EXPECT_EQ(screen_.cellPicture(3, 0)->Key(), "atencion");
-    user.Click(screen_.text);  // back into the overlay: all its text selected
+    // Back into the overlay, where the click leaves the caret: to the end, and the old text deleted.
+    user.Click(screen_.text);
     Settle();
+    user.Press(vbKeyEnd);
+    user.Backspace();
+    user.Backspace();
+    EXPECT_EQ(screen_.text->GetText(), "");
     user.Type("7,25");
     user.Enter();
     Settle();
