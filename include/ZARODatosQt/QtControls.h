@@ -123,6 +123,8 @@ public:
     void Unload();
     // Shows the form and makes it the active window, so that focus works.
     void Show();
+    // The form's widget. It may be put inside another widget (a tab page, a
+    // window's centre), which then owns it; otherwise the form deletes it.
     QWidget* Widget() const { return widget_; }
 
     std::string GetName() override { return name_; }
@@ -130,11 +132,12 @@ public:
     std::string TypeName() const override { return "Form"; }
 
 private:
-    explicit Form(std::string name) : name_(std::move(name)) {}
+    explicit Form(std::string name);
     void Adopt(const std::shared_ptr<QtControl>& c, const std::string& name);
 
     std::string name_;
     QWidget* widget_ = nullptr;
+    std::unique_ptr<QObject> guard_;  // notices the widget going with another owner
     std::vector<std::shared_ptr<QtControl>> controls_;
 };
 

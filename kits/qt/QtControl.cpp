@@ -235,9 +235,14 @@ void QtControl::SetTabStop(bool v) { Vivo(widget_, *this).setFocusPolicy(v ? Qt:
 
 // ---- The form ----------------------------------------------------------------------------
 
+Form::Form(std::string name) : name_(std::move(name)) {}
+
 std::shared_ptr<Form> Form::Create(const std::string& name, int widthTwips, int heightTwips) {
     auto f = std::shared_ptr<Form>(new Form(name));
     f->widget_ = new QWidget();
+    f->guard_ = std::make_unique<QObject>();
+    Form* self = f.get();
+    QObject::connect(f->widget_, &QObject::destroyed, f->guard_.get(), [self] { self->widget_ = nullptr; });
     f->widget_->setObjectName(Q(name));
     f->widget_->setWindowTitle(Q(name));
     const double dpiX = f->widget_->logicalDpiX(), dpiY = f->widget_->logicalDpiY();
@@ -248,7 +253,9 @@ std::shared_ptr<Form> Form::Create(const std::string& name, int widthTwips, int 
 
 Form::~Form() {
     Unload();
-    delete widget_;
+    // A widget put inside another one belongs to it.
+    if (widget_ && !widget_->parent()) delete widget_;
+    guard_.reset();
 }
 
 void Form::Adopt(const std::shared_ptr<QtControl>& c, const std::string& name) {
@@ -273,13 +280,15 @@ void Form::Unload() {
 }
 
 void Form::Show() {
-    widget_->show();
-    widget_->activateWindow();
-    QApplication::setActiveWindow(widget_);
+    if (!widget_) return;
+    QWidget* ventana = widget_->window();
+    ventana->show();
+    ventana->activateWindow();
+    QApplication::setActiveWindow(ventana);
     QCoreApplication::processEvents();
 }
 
-bool Form::GetVisible() { return widget_->isVisible(); }
+bool Form::GetVisible() { return widget_ && widget_->isVisible(); }
 
 // ---- Screen services -------------------------------------------------------------------
 
