@@ -2,13 +2,14 @@
 # All tests: installs what is missing, builds the library and tests twice
 # (optimised, and Debug with AddressSanitizer and UndefinedBehaviorSanitizer),
 # fuzzes the text readers for a bounded time, then runs every test program
-# in both builds on the embedded database and on a MariaDB server, and last
+# in both builds on the embedded database and on a MariaDB server (the Qt
+# kit and zaro-pos, offscreen, in the optimised one), and last
 # checks the library as a package from outside the build tree (install into a
 # staging prefix, Debian packages, the consumer example built against both).
 set -euo pipefail
 cd "$(dirname "$0")"
 source scripts/setup.sh
-zaro_build build/test -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZARO_BENCH=ON
+zaro_build build/test -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZARO_BENCH=ON -DZARO_QT=ON
 zaro_build build/asan -DCMAKE_BUILD_TYPE=Debug -DZARO_SANITIZE=ON -DZARO_BENCH=OFF
 bash scripts/fuzz.sh "${ZARO_FUZZ_SECONDS:-60}"
 export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:detect_stack_use_after_return=0}"

@@ -54,6 +54,33 @@ int main(int argc, char** argv) {
             std::printf("family %s: %s articles\n", CStr(g->GetValor("TIPO_FAMILIA")).c_str(),
                         CStr(g->GetValor("n")).c_str());
         for (const Variant& sql : *da->LogSQL) std::printf("logged: %s\n", sql.Get<std::string>().c_str());
+
+        // The screen road: a grid of the host's form loaded from a typed list,
+        // edited by a user (here the headless kit's driver), read back.
+        auto form = Headless::Form::Create("frmArticulos");  // QtKit::Form with the Qt kit
+        auto grid = form->Add<Headless::MSFlexGrid>("grdArticulos");
+        auto txt = form->Add<Headless::TextBox>("txtEdicion");  // the overlays of an edit
+        auto lst = form->Add<Headless::ListBox>("lstBusqueda");
+        txt->SetVisible(false);
+        lst->SetVisible(false);
+        auto helper = std::make_shared<ControlListHelper>();
+        auto cols = std::make_shared<coleccionColumnas>();
+        cols->Add("CD_ARTICULO", "C\xC3\xB3" "digo", 0);  // width 0: a hidden key column
+        cols->Add("DESC_ARTICULO", "Descripci\xC3\xB3n", 2400);
+        cols->Add("PRECIOMAX", "Precio", 1000, 0, "", NumDecimal);  // shown as "#,##0.00"
+        helper->CeldaModificada.Attach([&](ControlRef&, ColumnaRef& c, IEntidadRef& e, int32_t&, int32_t&, Variant&,
+                                           Variant& nuevo) {
+            std::printf("edited %s: %s\n", c->Nombre.c_str(), CStr(nuevo).c_str());
+            da->Update(dynamic_cast<entarticulo&>(*e));  // saving is the host's step
+        });
+        helper->CargaMSFlexGrid(grid, da->Listar(), cols, true, txt, lst);
+        HeadlessUser user(form);
+        user.DoubleClickCell(grid, 2, 3);  // the text overlay over the price of row 2
+        user.Type("2,35");
+        user.Enter();
+        IEntidadRef elegido = helper->ValorSeleccionado(grid);  // the list's own entity of the current row
+        std::printf("row %d: %s at %s\n", grid->GetRow(), CStr(elegido->GetValor(std::string("CD_ARTICULO"))).c_str(),
+                    grid->GetTextMatrix(2, 3).c_str());
         return 0;
     } catch (const Error& e) {
         std::fprintf(stderr, "error %d (%s): %s\n", e.Number, e.Source.c_str(), e.Description.c_str());

@@ -7,7 +7,8 @@ ZARO_PACKAGES=(g++ cmake make pkg-config man-db
   libmariadbd-dev mariadb-server
   libxml2-dev libicu-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  clang libclang-rt-14-dev)
+  clang libclang-rt-14-dev
+  qt6-base-dev fonts-dejavu-core)
 
 zaro_missing=()
 for p in "${ZARO_PACKAGES[@]}"; do
