@@ -78,9 +78,10 @@ int main(int argc, char** argv) {
         user.DoubleClickCell(grid, 2, 3);  // the text overlay over the price of row 2
         user.Type("2,35");
         user.Enter();
+        // Enter moved the cursor on: from the last column to the next row.
         IEntidadRef elegido = helper->ValorSeleccionado(grid);  // the list's own entity of the current row
-        std::printf("row %d: %s at %s\n", grid->GetRow(), CStr(elegido->GetValor(std::string("CD_ARTICULO"))).c_str(),
-                    grid->GetTextMatrix(2, 3).c_str());
+        std::printf("row 2 shows %s; the cursor stands on row %d, %s\n", grid->GetTextMatrix(2, 3).c_str(),
+                    grid->GetRow(), CStr(elegido->GetValor(std::string("CD_ARTICULO"))).c_str());
         return 0;
     } catch (const Error& e) {
         std::fprintf(stderr, "error %d (%s): %s\n", e.Number, e.Source.c_str(), e.Description.c_str());

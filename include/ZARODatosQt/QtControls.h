@@ -394,8 +394,9 @@ protected:
 const QPixmap& PixmapOf(const PictureRef& picture);
 
 // The screen services of a Qt program: the wait cursor for pointer 11, the
-// system beep, DoEvents as processing the pending events. The counts of the
-// headless screen are kept too.
+// system beep, DoEvents as processing Qt's pending events (at most every
+// 20 ms, so that a load that yields after every row repaints as often as a
+// person can see, not per row). The counts of the headless screen are kept too.
 class QtScreen : public ScreenServices {
 public:
     void SetMousePointer(int shape) override;

@@ -1,6 +1,7 @@
 // The base of the kit's controls, the form, the event bridge and the screen services.
 #include <QApplication>
 #include <QCursor>
+#include <QElapsedTimer>
 #include <QFont>
 #include <QMouseEvent>
 #include <QWidget>
@@ -302,7 +303,13 @@ void QtScreen::SetMousePointer(int shape) {
 
 void QtScreen::DoEvents() {
     ScreenServices::DoEvents();
-    QCoreApplication::processEvents();
+    // Qt's pending events, at most every 20 ms: a load yields after every row,
+    // and the screen repaints as often as a person can see it, not per row.
+    static QElapsedTimer desde;
+    if (!desde.isValid() || desde.elapsed() >= 20) {
+        QCoreApplication::processEvents();
+        desde.restart();
+    }
 }
 
 void QtScreen::Beep() {
