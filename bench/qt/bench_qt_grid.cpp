@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "ZARODatos.h"
+#include "ticket_lines.h"
 #include "ZARODatosQt/QtControls.h"
 
 using namespace OVT_ZARO;
@@ -21,28 +22,8 @@ namespace {
 
 constexpr int32_t kLineas = 10000;
 
-std::shared_ptr<colticket_articulo> Lineas(int32_t n) {
-    auto l = std::make_shared<colticket_articulo>();
-    const char* d[] = {"Café solo", "Café con leche", "Bocadillo de jamón", "Agua mineral", "Menú del día"};
-    for (int32_t i = 0; i < n; ++i)
-        l->Add(1, 12, 1 + i % 3, 1 + i / 4, 1 + i % 4, 2, Date::FromParts(2026, 3, 1 + i % 28), "101500", 1 + i % 3,
-               std::to_string(1000 + i % 500), d[i % 5], 1 + i % 4, 1, 1.45 * (1 + i % 7), 1.6 * (1 + i % 7), i % 2,
-               1 + i % 5, 1234.5 + i);
-    return l;
-}
-
-coleccionColumnasRef Columnas() {
-    auto c = std::make_shared<coleccionColumnas>();
-    c->Add("CD_ARTICULO", "Código", 0, 0, "", Texto);
-    c->Add("DESC_CORTA", "Artículo", 2400, 0, "", Texto);
-    c->Add("UDS", "Uds", 900, 0, "", NumDecimal);
-    c->Add("ImpVenta_A", "Importe", 1000, 0, "", NumDecimal);
-    c->Add("FECHA_REAL", "Fecha", 1200, 0, "", Fecha);
-    c->Add("TIPO_FAMILIA", "Familia", 700, 0, "", Entero);
-    c->Add("TIPO_UDS", "Unidad", 600, 0, "", Check);
-    c->Add("ID_REGISTRO", "Caja", 600, 2, "", TextoFijo);
-    return c;
-}
+std::shared_ptr<colticket_articulo> Lineas(int32_t n) { return zaro_bench::LineasDeTicket(n); }
+coleccionColumnasRef Columnas() { return zaro_bench::ColumnasDeLinea(); }
 
 // The heap in use, in bytes (what malloc has handed out and not got back).
 size_t HeapEnUso() { return mallinfo2().uordblks; }

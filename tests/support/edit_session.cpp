@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "support/site_tables.h"
+
 namespace zaro_test {
 
 using namespace OVT_ZARO;
@@ -15,27 +17,6 @@ enum : int32_t { kCode = 1, kDescription = 2, kUnits = 3, kDate = 4, kByUnit = 5
 
 std::string Text(const Variant& v) { return v.IsNull() ? "Null" : CStr(v); }
 }  // namespace
-
-const char* EditSession::SiteTable() {
-    return "CREATE TABLE `ticket_articulo` (   `COD_TRANSACC` int(5) default '0', "
-           "  `FECHA_REAL` date default '0000-00-00',   `HORA_REAL` varchar(6) default '', "
-           "  `ID_REGISTRO` int(3) default NULL,   `CD_ARTICULO` varchar(15) default '', "
-           "  `DESC_CORTA` varchar(25) default NULL,   `TIPO_FAMILIA` int(3) default NULL, "
-           "  `TIPO_SUBFAMILIA` int(4) default NULL,   `ImpNeto_A` decimal(7,3) default NULL, "
-           "  `ImpBruto_A` decimal(7,3) default NULL,   `TIPO_UDS` int(2) default NULL, "
-           "  `UDS` decimal(7,3) default NULL,   `ImpVenta_A` decimal(7,3) default NULL, "
-           "  `CD_Promocion` varchar(15) default NULL,   `porc_descuento_A` decimal(3,2) default NULL, "
-           "  `imp_descuento_A` decimal(6,3) default NULL,   `TIPO_FISCAL` int(2) default NULL, "
-           "  `porc_impuesto_A` decimal(3,2) default NULL,   `imp_impuesto_A` decimal(6,3) default NULL, "
-           "  `idEmpresa` int(11) NOT NULL default '0',   `idRestaurante` int(11) NOT NULL default '0', "
-           "  `idTPV` int(11) NOT NULL default '0',   `idTicket` int(11) NOT NULL default '0', "
-           "  `idLinea` int(11) NOT NULL default '0',   `CD_PROMOCION_2` VARCHAR(15) NULL, "
-           "  `CD_PROMOCION_3` VARCHAR(15) NULL,   `PORC_DESCUENTO2_A` DECIMAL(3,2) NULL, "
-           "  `IMPDESCUENTO2_A` DECIMAL(20,3) NULL,   `PORC_DESCUENTO3_A` DECIMAL(3,2) NULL, "
-           "  `IMPDESCUENTO3_A` DECIMAL(20,3) NULL, "
-           "  PRIMARY KEY  (`idEmpresa`,`idRestaurante`,`idTPV`,`idTicket`,`idLinea`) ) ENGINE=MyISAM DEFAULT "
-           "CHARSET=latin1";
-}
 
 EditSession::EditSession(ConnectionRef cn, EditSessionScreen screen)
     : cn_(std::move(cn)), screen_(std::move(screen)), helper_(std::make_shared<ControlListHelper>()) {
@@ -75,7 +56,7 @@ void EditSession::PrepareDatabase() {
     a.Add("2002", 8, {}, {}, 0, 0, {}, 2, 1, 4.0, "Bocadillo vegetal", "Bocadillo vegetal");
     a.Add("3001", 8, {}, {}, 0, 0, {}, 3, 1, 1.2, "Agua mineral", "Agua");
     articulos.GrabarDatos(a);
-    cn_->Execute(SiteTable());
+    cn_->Execute(SiteTicketArticulo());
     daticket_articulo lineas;
     lineas.Conexion = cn_;
     const Date dia = Date::FromParts(2026, 3, 14);

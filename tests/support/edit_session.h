@@ -53,8 +53,6 @@ public:
     const std::vector<std::string>& HostEvents() const { return events_; }
     const OVT_ZARO::ControlListHelperRef& Helper() const { return helper_; }
     const std::shared_ptr<OVT_ZARO::colticket_articulo>& Lines() const { return lines_; }
-    // The statement a site runs to have the ticket_articulo table.
-    static const char* SiteTable();
 
 private:
     void Settle();
