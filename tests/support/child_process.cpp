@@ -100,6 +100,12 @@ pid_t StartChild(const std::vector<std::string>& argvIn, const Env& extra, const
     return pid;
 }
 
+std::string ChildOutputFile(pid_t pid) {
+    std::lock_guard<std::mutex> lock(g_mu);
+    auto it = Children().find(pid);
+    return it == Children().end() ? std::string() : it->second.out;
+}
+
 pid_t StartTestChild(const std::string& test, const Env& env) {
     char self[4096];
     const ssize_t n = readlink("/proc/self/exe", self, sizeof self - 1);

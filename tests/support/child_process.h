@@ -30,6 +30,9 @@ using Env = std::vector<std::pair<std::string, std::string>>;
 // Starts a program (argv[0] a path) with extra environment variables; its
 // output goes to files of the program's temp folder. Gives its pid.
 pid_t StartChild(const std::vector<std::string>& argv, const Env& env = {}, const std::string& cwd = {});
+// The file that receives the standard output of a child started above and
+// not yet waited for (empty for another pid).
+std::string ChildOutputFile(pid_t pid);
 // Starts this test program with one test (for example
 // "Suite.DISABLED_Body") and extra environment variables.
 pid_t StartTestChild(const std::string& test, const Env& env = {});

@@ -84,7 +84,10 @@ SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty,
             r.failure = err;
             r.failedLine = line;
             // Nothing was written while the key was looked for.
-            if (step == Looking && MayHaveBeenApplied(err)) r.fate = Fate::NotSaved;
+            if (step == Looking && MayHaveBeenApplied(err)) {
+                r.fate = Fate::NotSaved;
+                r.fateWhy = "it failed while its key was looked for, before it was written";
+            }
             if (step != Looking && err.Number == 1021) {
                 // A table whose write the full disk stopped is repaired when it
                 // opens again with room: only then can it be looked at.

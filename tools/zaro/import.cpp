@@ -18,6 +18,7 @@ int RunImport(const Options& options) {
     std::string texto = ExchangeText(ReadFile(archivo));
     Session session(options);
     session.RequireDatabase();
+    Interruptible interruptible;
     return WithTable(session.Registro(), tabla, [&](auto& adapter) {
         typename std::remove_reference_t<decltype(adapter)>::ListRef rows;
         try {
@@ -28,9 +29,9 @@ int RunImport(const Options& options) {
         }
         std::cout << "import " << archivo << " into " << tabla << ": ImportarTexto read " << Rows(rows->Count())
                   << "\n";
+        std::cout.flush();
         SaveResult r;
         {
-            Interruptible interruptible;
             Progress progress("import " + tabla, static_cast<size_t>(rows->Count()));
             r = SaveRows(adapter, *rows, EmptyPieces(texto), progress);
         }

@@ -62,7 +62,8 @@ std::string FateReport(Fate fate, size_t line, size_t saved, const std::string& 
             return l + " was saved all the same (the table holds it); " + Rows(saved) +
                    " saved stay saved, the lines after it were not tried";
         case Fate::NotSaved:
-            return l + " was not saved (the table does not hold it); " + Rows(saved) + " saved before it " +
+            return l + " was not saved (" + (why.empty() ? std::string("the table does not hold it") : why) + "); " +
+                   Rows(saved) + " saved before it " +
                    (saved == 1 ? "stays" : "stay") + " saved, the lines after it were not tried";
         case Fate::Unknown:
             return "whether " + l + " was saved is unknown" + (why.empty() ? std::string() : " (" + why + ")") +

@@ -43,9 +43,13 @@ Fate SettleRow(A& adapter, const typename A::EntityRef& e, bool updating, std::s
     const int looks = 3;
     for (int look = 1;; ++look) {
         try {
+            why.clear();
             if (!updating) return adapter.Existe(*e) ? Fate::Saved : Fate::NotSaved;
             auto stored = StoredRow(adapter, *e);
-            if (!stored) return Fate::Unknown;
+            if (!stored) {
+                why = "the row it updates is no longer in the table";
+                return Fate::Unknown;
+            }
             ListOf<A> one, other;
             one.AddEntidad(stored);
             other.AddEntidad(e);
