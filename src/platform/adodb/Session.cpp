@@ -3,9 +3,12 @@
 #include <errmsg.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
 #include "ZARODatos/platform/ADODB.h"
@@ -148,6 +151,18 @@ void Session::NoteError(unsigned errNo) {
 }
 
 namespace {
+// Whether the disk of a table's file has room to rebuild its index: twice
+// the index file and a megabyte.
+bool RoomToRepair(const std::string& file) {
+    struct statvfs s {};
+    if (statvfs(file.c_str(), &s) != 0) return false;
+    const unsigned long long free = (geteuid() == 0 ? s.f_bfree : s.f_bavail) * s.f_frsize;
+    std::error_code ec;
+    const std::filesystem::path index = std::filesystem::path(file).replace_extension(".MYI");
+    const auto size = std::filesystem::file_size(index, ec);
+    return free > (ec ? 0 : 2 * size) + (1u << 20);
+}
+
 // The file the engine could not write, from its message ("... writing
 // '/data/zaro/articulo.MYD' ..."); empty when it names none.
 std::string FileWritten(const std::string& engineText) {
@@ -162,9 +177,10 @@ void Session::RaiseDiskFull(const char* source, const std::string& engineText) {
     const std::string dir = engine::diskwatch::DataDir();
     const std::string file = FileWritten(engineText);
     // A table whose row write was stopped is marked as crashed by its engine:
-    // it is closed before the next statement, so that the engine repairs it
-    // when it opens it again (once there is space).
+    // it is closed before a later statement, once there is room to repair it,
+    // so that the engine repairs it when it opens it again.
     if (file.rfind(dir + "/", 0) == 0) {
+        flushFile_ = file;
         const std::string rest = file.substr(dir.size() + 1);
         const size_t slash = rest.find('/');
         const size_t dot = rest.rfind('.');
@@ -195,7 +211,9 @@ void Session::RaiseStmt(MYSQL_STMT* stmt, const char* source) {
 
 void Session::EnsureConnected(const char* source) {
     if (!lost_ && mysql_) {
-        if (!flushTable_.empty()) {
+        // A table whose write a full disk stopped is closed once there is
+        // room again to repair it: the engine repairs it as it opens it.
+        if (!flushTable_.empty() && RoomToRepair(flushFile_)) {
             const std::string flush = "FLUSH TABLES " + flushTable_;
             flushTable_.clear();
             if (mysql_real_query(mysql_, flush.data(), flush.size()) == 0) {

@@ -91,7 +91,8 @@ private:
     MYSQL* mysql_ = nullptr;
     bool lost_ = false;
     bool modeLost_ = false;
-    std::string flushTable_;  // a table to close before the next statement (after a full disk)
+    std::string flushTable_;  // a table to close before a later statement (after a full disk)
+    std::string flushFile_;   // its file that could not be written
     // The session's number in the engine or on the server; on the server road
     // its local TCP port (0 over a socket), and those of a lost session not
     // yet seen to end.
