@@ -237,10 +237,13 @@ void EnsureEmbeddedServer(const std::string& dataDirIn, const std::vector<std::s
                                  "time zone", "Unknown/unsupported storage engine"})
             options = options || why.find(word) != std::string::npos;
         if (why.rfind("InnoDB: ", 0) == 0) options = false;
+        const bool denied = said.find("Errcode: 13 ") != std::string::npos ||
+                            said.find("Permission denied") != std::string::npos;
         throw Error(kEmbeddedFailure, kSource,
                     "The embedded database could not start on the data folder '" + dirText + "'" +
                         (why.empty() ? std::string() : ": " + why) +
                         (full      ? std::string(". Free some space on its disk and open it again")
+                         : denied  ? std::string(". The process may not write the folder; open it as its owner")
                          : options ? std::string(". Check EmbeddedOptions")
                                    : std::string(". A folder damaged or left half-made (a first start cut short, a "
                                                  "full disk) that holds no data can be removed and made anew")) +

@@ -118,7 +118,9 @@ Verdict TryOptions(const std::vector<std::string>& options, const std::string& s
     if (r.kind == ChildOutcome::Lost || r.kind == ChildOutcome::NotStarted) return Verdict::Unknown;
     const std::string said = FirstEngineMessage(text);
     if (r.kind == ChildOutcome::TimedOut) why = "the engine did not finish reading it in 60 s";
-    else if (text.find("AddressSanitizer") != std::string::npos || r.kind == ChildOutcome::Crashed)
+    // (A build with the address sanitizer reports a crash as "ERROR: AddressSanitizer"
+    // and a leak check at the engine's exit as "ERROR: LeakSanitizer".)
+    else if (text.find("ERROR: AddressSanitizer") != std::string::npos || r.kind == ChildOutcome::Crashed)
         why = "it makes the engine crash" +
               (r.kind == ChildOutcome::Crashed ? " (signal " + std::to_string(r.code) + ")" : std::string());
     else if (r.kind == ChildOutcome::Exited && r.code != 0)
