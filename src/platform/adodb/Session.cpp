@@ -227,7 +227,9 @@ void Session::EnsureConnected(const char* source) {
     // and the session is opened again with the same settings.
     for (RecordsetImpl* r : std::vector<RecordsetImpl*>(recordsets_)) r->CloseFromSession();
     recordsets_.clear();
-    if (!options_.embedded && mysql_ && sessionId_) {
+    // (A session that was lost while it waited for an earlier lost one ran no
+    // statement of the caller's: the earlier one is still the one to wait for.)
+    if (!options_.embedded && mysql_ && sessionId_ && !lostId_) {
         lostId_ = sessionId_;
         lostPort_ = localPort_;
     }
