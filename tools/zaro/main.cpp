@@ -87,7 +87,10 @@ const std::vector<Command>& Commands() {
          "otherwise; a row that fails CamposOk is skipped. zaro reports the rows saved, each\n"
          "row skipped with its CamposOk message, and the empty lines skipped (an exported file\n"
          "ends with two). A failure stops the import: zaro names the line, the error (number,\n"
-         "source, description) and the rows saved before it, which stay saved.\n"
+         "source, description) and the rows saved before it, which stay saved. When the failure\n"
+         "may have written the row all the same (a lost connection, a server that stops\n"
+         "answering, a full disk), zaro looks for it and says whether it was saved. Ctrl-C or\n"
+         "SIGTERM stops the import after the row in progress, with the same report.\n"
          "The exit status is 2 when a row was skipped or the import stopped.\n\n"
          "Options:\n"
          "  --sep S   the column separator (default \";\")\n",
@@ -159,7 +162,9 @@ void PrintToolHelp(std::ostream& out) {
         << "Tables: _definicion_campos, articulo, fin_dia, inicio_dia, resumen_diario,\n"
            "resumen_diario_detalle, ticket, ticket_articulo, ticket_impuesto, ticket_pago.\n\n"
         << kExchange << "\n"
-        << "Exit status: 0 done; 1 a mistake in the command line; 2 a data, file or database error.\n";
+        << "Exit status: 0 done; 1 a mistake in the command line; 2 a data, file or database error.\n"
+        << "Ctrl-C or SIGTERM stops import, export and demo after the row in progress (exit status\n"
+           "130 or 143).\n";
 }
 
 void PrintCommandHelp(const Command& c, std::ostream& out) {

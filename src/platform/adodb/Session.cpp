@@ -274,10 +274,15 @@ void Session::EndLostSession(const char* source) {
             }
             killed = true;
         }
-        if (steady_clock::now() > deadline)
+        if (steady_clock::now() > deadline) {
+            // Said once: the next call goes on.
+            const unsigned long id = lostId_;
+            lostId_ = 0;
+            lostPort_ = 0;
             throw Error(CR_SERVER_LOST, source,
                         "The connection to the server was lost, and the session that was lost still runs on the "
-                        "server (number " + std::to_string(lostId_) + "); its last statement may still be applied.");
+                        "server (number " + std::to_string(id) + "); its last statement may still be applied.");
+        }
         std::this_thread::sleep_for(milliseconds(50));
     }
     lostId_ = 0;
