@@ -114,8 +114,11 @@ Verdict TryOptions(const std::vector<std::string>& options, const std::string& s
     std::error_code ec;
     std::filesystem::remove(out, ec);
     const bool stopped = text.find(std::string("Unknown locale: '") + kStopLocale + "'") != std::string::npos;
-    if (r.kind == ChildOutcome::Exited && r.code == 0 && stopped) return Verdict::Accepted;
-    if (r.kind == ChildOutcome::Lost || r.kind == ChildOutcome::NotStarted) return Verdict::Unknown;
+    // The engine reached the locale: it read every option. (A child that a
+    // host's own handler collected is judged by its words alone.)
+    if (stopped && (r.kind == ChildOutcome::Lost || (r.kind == ChildOutcome::Exited && r.code == 0)))
+        return Verdict::Accepted;
+    if (r.kind == ChildOutcome::NotStarted) return Verdict::Unknown;
     const std::string said = FirstEngineMessage(text);
     if (r.kind == ChildOutcome::TimedOut) why = "the engine did not finish reading it in 60 s";
     // (A build with the address sanitizer reports a crash as "ERROR: AddressSanitizer"
