@@ -267,7 +267,7 @@ void BM_Import_100k(benchmark::State& st) {
                 if (!MedirPrograma(host, HostArgs(e, {"import", e.archivo}))) st.SkipWithError("the host failed");
             },
             [&] {
-                if (Ejecutar(ZaroArgs(e, {"query", "DROP TABLE IF EXISTS articulo"})) != 0 ||
+                if (Ejecutar(ZaroArgs(e, {"query", "--write", "DROP TABLE IF EXISTS articulo"})) != 0 ||
                     Ejecutar(ZaroArgs(e, {"init"})) != 0)
                     st.SkipWithError("could not empty the tool's table");
                 if (!MedirPrograma(tool, ZaroArgs(e, {"import", "articulo", e.archivo})))
@@ -297,7 +297,7 @@ void BM_Export_100k(benchmark::State& st) {
         Importar(*da, e.archivo);
         Ejecutar(HostArgs(e, {"prepare"}));
         Ejecutar(HostArgs(e, {"import", e.archivo}));
-        Ejecutar(ZaroArgs(e, {"query", "DROP TABLE IF EXISTS articulo"}));
+        Ejecutar(ZaroArgs(e, {"query", "--write", "DROP TABLE IF EXISTS articulo"}));
         Ejecutar(ZaroArgs(e, {"init"}));
         if (Ejecutar(ZaroArgs(e, {"import", "articulo", e.archivo})) != 0) st.SkipWithError("zaro import failed");
     }

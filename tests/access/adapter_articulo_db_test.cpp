@@ -198,6 +198,43 @@ TEST_P(AdapterArticulo, ABackslashAndATabAreStoredAsTyped) {
     EXPECT_EQ(leido->DESC_ARTICULO, "a\\b\tc\\\xC2\xB4");
 }
 
+// A session whose sql_mode lost NO_BACKSLASH_ESCAPES behind the library's
+// back: a field ending in a backslash would swallow the apostrophe after it,
+// and SQL in the next field would rewrite every row.
+TEST_P(AdapterArticulo, ASqlModeTurnedOffBehindTheLibrarysBackIsTurnedBackOnBeforeTheNextAdapterStatement) {
+    for (const char* codigo : {"A", "B", "C"}) {
+        auto e = Nuevo(codigo);
+        e->PRECIOMAX = 1;
+        da->Insert(*e);
+    }
+    cn->Execute("SET SESSION sql_mode = ''");
+    const size_t mark = zaro_test::GeneralLogMark(GetParam());
+    auto e = Nuevo("A");
+    e->PRECIOMAX = 1;
+    e->DESC_ARTICULO = "x\\";
+    e->DESC_CORTA = ", PRECIOMAX = 99 #";
+    da->Update(*e);
+    const std::vector<std::string> sent = Enviadas(mark);
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_EQ(sent[0], "SET SESSION sql_mode = CONCAT_WS(',', NULLIF(@@SESSION.sql_mode, ''), 'NO_BACKSLASH_ESCAPES')");
+    EXPECT_EQ(sent[1].rfind("update articulo", 0), 0u) << sent[1];
+    EXPECT_EQ(Leer("select count(*) from articulo where PRECIOMAX = 99"), Variant(int64_t{0}));
+    EXPECT_EQ(Leer("select DESC_ARTICULO from articulo where CD_ARTICULO = 'A'"), Variant("x\\"));
+    EXPECT_EQ(Leer("select DESC_CORTA from articulo where CD_ARTICULO = 'A'"), Variant(", PRECIOMAX = 99 #"));
+    EXPECT_NE(CStr(Leer("select @@SESSION.sql_mode")).find("NO_BACKSLASH_ESCAPES"), std::string::npos);
+}
+
+TEST_P(AdapterArticulo, WatchingTheSqlModeCostsNoStatementOfItsOwn) {
+    auto e = Nuevo("A");
+    da->Insert(*e);
+    const size_t mark = zaro_test::GeneralLogMark(GetParam());
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(da->Existe(*e));
+    da->Update(*e);
+    cn->Execute("SET SESSION sql_mode = CONCAT(@@SESSION.sql_mode, ',ANSI_QUOTES')");
+    EXPECT_TRUE(da->Existe(*e));
+    EXPECT_EQ(Enviadas(mark).size(), 6u);
+}
+
 TEST_P(AdapterArticulo, ATenThousandCharacterDescriptionReachesTheDatabaseUntouchedOrRaisesItsOwnError) {
     auto e = Nuevo("LARGO");
     e->DESC_ARTICULO = std::string(10000, 'x');

@@ -27,7 +27,6 @@ TEST(ConnectionString, AnEmptyStringOpensTheEmbeddedDatabaseInZaroData) {
     EXPECT_TRUE(o.embedded);
     EXPECT_EQ(o.dataDir, "zaro-data");
     EXPECT_EQ(o.database, "zaro");
-    EXPECT_TRUE(o.noBackslashEscapes);
 }
 
 TEST(ConnectionString, ServerKeysChooseTheServerRoad) {
@@ -52,12 +51,11 @@ TEST(ConnectionString, ASocketAloneChoosesTheServerRoad) {
 
 TEST(ConnectionString, KeysIgnoreCaseBlanksAndUnderscoresAndHaveAliases) {
     const ConnectionOptions o = ParseConnectionString(
-        " host = h ; UID=u; pwd =p;DB=d; no_backslash_escapes = Off; Connect Timeout=3; COMMANDTIMEOUT=0;");
+        " host = h ; UID=u; pwd =p;DB=d; Connect Timeout=3; COMMANDTIMEOUT=0;");
     EXPECT_EQ(o.host, "h");
     EXPECT_EQ(o.user, "u");
     EXPECT_EQ(o.password, "p");
     EXPECT_EQ(o.database, "d");
-    EXPECT_FALSE(o.noBackslashEscapes);
     EXPECT_EQ(o.connectTimeout, 3u);
     EXPECT_EQ(o.commandTimeout, 0u);
 }
@@ -104,4 +102,59 @@ TEST(ConnectionString, OpenRaisesTheSameErrorAndStaysClosed) {
         EXPECT_EQ(e.Number, 3001);
     }
     EXPECT_EQ(cn->State(), ADODB::adStateClosed);
+}
+
+TEST(ConnectionString, KeysOfAServerWithoutServerPortOrSocketRaise3001) {
+    for (const char* key : {"User=caja", "Password=s3cret", "ConnectTimeout=3", "CommandTimeout=5", "UID=caja"}) {
+        SCOPED_TRACE(key);
+        const Error e = ParseError(key);
+        EXPECT_EQ(e.Number, 3001);
+        EXPECT_EQ(e.Source, "ADODB.Connection");
+        const std::string name = std::string(key).substr(0, std::string(key).find('='));
+        EXPECT_EQ(e.Description, "Connection string: " + name + " needs Server, Port or Socket");
+    }
+    EXPECT_EQ(ParseError("DataDir=/x;User=caja").Number, 3001);
+    EXPECT_NO_THROW(ParseConnectionString("Socket=/s;User=caja;Password=p;ConnectTimeout=1;CommandTimeout=2"));
+}
+
+TEST(ConnectionString, EmbeddedOptionsThatPrintAndExitAreRefusedByName) {
+    for (const char* option : {"--help", "--version", "--print-defaults", "--loose-help", "--he", "--HELP",
+                               "--verbose --help", "--skip-version"}) {
+        SCOPED_TRACE(option);
+        const Error e = ParseError(std::string("EmbeddedOptions='") + option + "'");
+        EXPECT_EQ(e.Number, 3001);
+        const std::string named = std::string(option).substr(std::string(option).rfind(' ') + 1);
+        EXPECT_NE(e.Description.find("'" + named + "'"), std::string::npos) << e.Description;
+        EXPECT_NE(e.Description.find("print and end the process"), std::string::npos) << e.Description;
+    }
+}
+
+TEST(ConnectionString, EmbeddedOptionsThatAreNotLongOptionsAreRefused) {
+    for (const char* option : {"-?", "-V", "-h /tmp", "--", "--=1", "help"}) {
+        SCOPED_TRACE(option);
+        const Error e = ParseError(std::string("EmbeddedOptions='") + option + "'");
+        EXPECT_EQ(e.Number, 3001);
+        EXPECT_NE(e.Description.find("is not an option of the form --name or --name=value"), std::string::npos)
+            << e.Description;
+    }
+}
+
+TEST(ConnectionString, EmbeddedOptionsThatRunFilesOrTakeTheProcessAreRefused) {
+    for (const char* option : {"--init-file=/etc/passwd", "--init_file=x.sql", "--loose-init-file=x", "--bootstrap",
+                               "--plugin-load=ha_x.so", "--plugin-load-add=x", "--plugin-dir=/tmp",
+                               "--log-error=/tmp/e.log", "--user=nobody", "--chroot=/", "--datadir=/tmp",
+                               "--defaults-file=/etc/my.cnf", "--no-defaults"}) {
+        SCOPED_TRACE(option);
+        const Error e = ParseError(std::string("EmbeddedOptions='") + option + "'");
+        EXPECT_EQ(e.Number, 3001);
+        EXPECT_NE(e.Description.find(std::string("'") + option + "' is refused"), std::string::npos)
+            << e.Description;
+    }
+}
+
+TEST(ConnectionString, EmbeddedOptionsKeepTheEnginesOrdinaryOptions) {
+    const ConnectionOptions o = ParseConnectionString(
+        "EmbeddedOptions='--skip-innodb --default-storage-engine=MyISAM --tmpdir=/var/tmp --general-log=1 "
+        "--general_log_file=/tmp/g.log --innodb-log-file-size=8M --key_buffer_size=1M --init-connect=x'");
+    EXPECT_EQ(o.serverOptions.size(), 8u);
 }

@@ -126,6 +126,12 @@ Outcome ToolTest::ZaroWritingTo(const std::string& stdoutPath, std::vector<std::
     return Spawn(std::move(args), work_, stdoutPath);
 }
 
+std::vector<std::string> ToolTest::ZaroCommand(std::vector<std::string> args) const {
+    args.insert(args.begin(), roadOptions_.begin(), roadOptions_.end());
+    args.insert(args.begin(), kZaro);
+    return args;
+}
+
 Outcome ToolTest::ZaroBare(std::vector<std::string> args) {
     args.insert(args.begin(), kZaro);
     return Spawn(std::move(args), work_);

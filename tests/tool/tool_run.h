@@ -42,6 +42,8 @@ protected:
     Outcome ZaroBare(std::vector<std::string> args);
     // zaro with the road's options and its standard output to the given file.
     Outcome ZaroWritingTo(const std::string& stdoutPath, std::vector<std::string> args);
+    // The whole command line of zaro with the road's options, to start it another way.
+    std::vector<std::string> ZaroCommand(std::vector<std::string> args) const;
 
     const std::string& Work() const { return work_; }
     std::string Path(const std::string& name) const { return work_ + "/" + name; }

@@ -171,7 +171,7 @@ TEST_P(ToolExchange, ExportThenImportIntoAnEmptyTableGivesTheSameRows) {
         const std::string before = ReadText(Path(std::string(tabla) + ".txt"));
         const size_t rows = Occurrences(before, "\r\n") - 1;
         ASSERT_GT(rows, 0u);
-        ASSERT_EQ(Zaro({"query", std::string("delete from ") + tabla}).status, 0);
+        ASSERT_EQ(Zaro({"query", "--write", std::string("delete from ") + tabla}).status, 0);
         const Outcome imported = Zaro({"import", tabla, std::string(tabla) + ".txt"});
         ASSERT_EQ(imported.status, 0) << imported.out << imported.err;
         // The two rows of all defaults that the closing CR LF gives fail CamposOk.
@@ -285,7 +285,7 @@ TEST_P(ToolExchange, QueryLoadsAnyStatementIntoGenericEntities) {
               "           2  7\n"
               "           3  4\n"
               "(3 rows)\n");
-    const Outcome change = Zaro({"query", "delete from articulo where TIPO_FAMILIA = 3"});
+    const Outcome change = Zaro({"query", "--write", "delete from articulo where TIPO_FAMILIA = 3"});
     EXPECT_EQ(change.out, "the statement ran; 4 rows changed\n");
 }
 

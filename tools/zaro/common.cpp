@@ -6,6 +6,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "process.h"
 #include "tables.h"
 #include "zaro.h"
 
@@ -64,6 +65,29 @@ Session::Session(const Options& options) : log_(options.log) {
     }
     registro_ = std::make_shared<DataAdapters>();
     registro_->Conexion = conexion_;
+    // What the embedded engine prints from now on goes to the log file in its
+    // data folder, not to the terminal.
+    if (conexion_->IsEmbedded()) {
+        try {
+            std::string carpeta = CStr(Valor("select @@datadir"));
+            while (carpeta.size() > 1 && carpeta.back() == '/') carpeta.pop_back();
+            SendEngineMessagesTo(carpeta + "/zaro-engine.log");
+        } catch (const Error&) {
+            // The messages stay on standard error.
+        }
+    }
+}
+
+void Session::RequireDatabase() {
+    if (conexion_->IsEmbedded()) return;  // the embedded road always has one
+    Variant db;
+    try {
+        db = Valor("select database()");
+    } catch (const Error& e) {
+        throw DataError("can not ask " + donde_ + " for its database: " + DescribeError(e));
+    }
+    if (db.IsNull() || (db.IsString() && db.Get<std::string>().empty()))
+        throw DataError("no database is selected on " + donde_ + ": give one with Database=NAME in the connection string");
 }
 
 Session::~Session() {

@@ -5,6 +5,7 @@
 
 #include "demo.h"
 #include "exchange.h"
+#include "process.h"
 #include "site.h"
 
 namespace zaro {
@@ -129,21 +130,33 @@ void ReportByFamily(colresumen_diario_detalle& detalle, std::ostream& out) {
     table.Print(out, "  ");
 }
 
+// Between two steps of the demo: a signal stops it here.
+void StopHere(const char* after) {
+    if (const int sig = StopSignal())
+        throw Interrupted{sig, std::string("demo stopped ") + after + ": interrupted by " + SignalName(sig) +
+                                   "; run zaro demo again to record the whole day"};
+}
+
 }  // namespace
 
 int RunDemo(const Options& options) {
     const std::string carpetaMuestra = options.sample.value_or(DefaultSampleFolder());
     const std::string carpetaSalida = options.out.value_or("zaro-out");
     Session session(options);
+    session.RequireDatabase();
+    Interruptible interruptible;
     DataAdapters& registro = session.Registro();
     std::cout << "zaro demo on " << session.Donde() << "\n";
     std::cout << TablesLine(PrepareTables(session)) << "\n";
+    std::cout.flush();
 
     Day muestra = ReadSample(registro, carpetaMuestra);
+    StopHere("before recording the day");
     // Running again replaces the same day: its rows go first, so that the
     // day is held once and its figures stay the same.
     const size_t borradas = DeleteDay(registro, muestra.dia);
     SaveSample(registro, muestra);
+    StopHere("after recording the day, before its summaries");
 
     Day day = ListDay(registro, muestra.dia);
     auto resumen = SummaryByOperator(day);
@@ -154,6 +167,7 @@ int RunDemo(const Options& options) {
     } catch (const Error& e) {
         throw DataError("can not save the day's summaries: " + DescribeError(e));
     }
+    StopHere("after saving the day's summaries, before its exchange files");
     day = ListDay(registro, muestra.dia);
     WriteDay(registro, day, carpetaSalida);
 

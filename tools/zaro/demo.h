@@ -42,10 +42,12 @@ struct Day {
 Day ReadSample(DataAdapters& registro, const std::string& carpeta);
 
 // Deletes, through the adapters, every row of the day in the day's tables
-// (not the articles) and gives how many rows went.
+// (not the articles) and gives how many rows went. A signal stops it after
+// the row in progress (Interrupted).
 size_t DeleteDay(DataAdapters& registro, Date dia);
 
-// Saves the sample with GrabarDatos, table by table.
+// Saves the sample table by table, as GrabarDatos does, row by row: a signal
+// stops it after the row in progress (Interrupted), a failure names its line.
 void SaveSample(DataAdapters& registro, Day& muestra);
 
 // The day's rows as the database holds them (summaries included).

@@ -22,13 +22,20 @@ typename A::ListRef ImportSample(A& adapter, const std::string& carpeta) {
     }
 }
 
+// Saves a sample list as GrabarDatos does, row by row, so that a signal
+// stops it after the row in progress and a failure names its line.
 template <class A>
 void Save(A& adapter, ListOf<A>& rows) {
-    try {
-        adapter.GrabarDatos(rows);
-    } catch (const Error& e) {
-        throw DataError("can not save the sample's " + adapter.Tabla() + ": " + DescribeError(e));
-    }
+    Progress none("", 0);  // never shown
+    const SaveResult r = SaveRows(adapter, rows, {}, none);
+    const std::string archivo = adapter.Tabla() + ".txt";
+    if (r.stopSignal)
+        throw Interrupted{r.stopSignal, "demo stopped at " + archivo + " " + r.StopReport() +
+                                            "; the tables before it were saved whole; run zaro demo again to "
+                                            "record the whole day"};
+    if (r.failure)
+        throw DataError("can not save the sample's " + adapter.Tabla() + ": demo stopped at " + archivo + " " +
+                        r.StopReport());
 }
 
 template <class A>
@@ -41,11 +48,21 @@ typename A::ListRef List(A& adapter, const std::string& condicion) {
 }
 
 // Deletes each listed row by its key; `borrar` calls the adapter's Delete.
+// A signal stops it after the row in progress; deleted counts the rows gone
+// in this and the tables before it.
 template <class A, class F>
-size_t DeleteEach(A& adapter, const std::string& condicion, F borrar) {
+size_t DeleteEach(A& adapter, const std::string& condicion, F borrar, size_t& deleted) {
     auto rows = List(adapter, condicion);
     try {
-        for (const auto& e : *rows) borrar(adapter, *e);
+        for (const auto& e : *rows) {
+            if (const int sig = StopSignal())
+                throw Interrupted{sig, "demo stopped while deleting the day's rows (at " + adapter.Tabla() +
+                                           "): interrupted by " + SignalName(sig) + "; " + std::to_string(deleted) +
+                                           (deleted == 1 ? " row" : " rows") +
+                                           " of the day deleted; run zaro demo again to record the whole day"};
+            borrar(adapter, *e);
+            ++deleted;
+        }
     } catch (const Error& e) {
         throw DataError("can not delete the day's " + adapter.Tabla() + ": " + DescribeError(e));
     }
@@ -109,30 +126,30 @@ Day ReadSample(DataAdapters& registro, const std::string& carpeta) {
 
 size_t DeleteDay(DataAdapters& registro, Date dia) {
     const DayConditions c = ConditionsFor(dia);
-    size_t n = 0;
+    size_t n = 0, deleted = 0;
     // The lines first: they are found through their tickets.
     n += DeleteEach(*registro.ticket_articulo(), c.lineas, [](auto& da, auto& e) {
         da.Delete(e.idEmpresa, e.idRestaurante, e.idTPV, e.idTicket, e.idLinea);
-    });
+    }, deleted);
     n += DeleteEach(*registro.ticket_impuesto(), c.lineas, [](auto& da, auto& e) {
         da.Delete(e.porc_impuesto, e.idEmpresa, e.idRestaurante, e.idTPV, e.idTicket);
-    });
+    }, deleted);
     n += DeleteEach(*registro.ticket_pago(), c.lineas, [](auto& da, auto& e) {
         da.Delete(e.ID_REGISTRO, e.TIPO_PAGO, e.idEmpresa, e.idRestaurante, e.idTPV, e.idTicket);
-    });
+    }, deleted);
     n += DeleteEach(*registro.ticket(), c.contable, [](auto& da, auto& e) {
         da.Delete(e.idEmpresa, e.idRestaurante, e.idTPV, e.idTicket);
-    });
+    }, deleted);
     n += DeleteEach(*registro.inicio_dia(), c.contable,
-                    [](auto& da, auto& e) { da.Delete(e.COD_TRANSACC, e.CD_OP, e.FECHA_CONTABLE); });
+                    [](auto& da, auto& e) { da.Delete(e.COD_TRANSACC, e.CD_OP, e.FECHA_CONTABLE); }, deleted);
     n += DeleteEach(*registro.fin_dia(), c.contable,
-                    [](auto& da, auto& e) { da.Delete(e.COD_TRANSACC, e.CD_OP, e.FECHA_CONTABLE); });
+                    [](auto& da, auto& e) { da.Delete(e.COD_TRANSACC, e.CD_OP, e.FECHA_CONTABLE); }, deleted);
     n += DeleteEach(*registro.resumen_diario(), c.contable, [](auto& da, auto& e) {
         da.Delete(e.COD_TRANSACC, e.FECHA_REAL, e.ID_REGISTRO, e.CD_OP, e.FECHA_CONTABLE);
-    });
+    }, deleted);
     n += DeleteEach(*registro.resumen_diario_detalle(), c.detalle, [](auto& da, auto& e) {
         da.Delete(e.COD_TRANSACC, e.FECHA_REAL, e.ID_REGISTRO, e.TIPO_FAMILIA, e.TIPO_SUBFAMILIA, e.TIPO_FISCAL);
-    });
+    }, deleted);
     return n;
 }
 

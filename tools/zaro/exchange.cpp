@@ -2,6 +2,16 @@
 
 namespace zaro {
 
+std::string SaveResult::StopReport() const {
+    if (stopSignal)
+        return "line " + std::to_string(stoppedLine) + ": interrupted by " + SignalName(stopSignal) + "; " +
+               std::to_string(Saved()) + (Saved() == 1 ? " row" : " rows") + " saved before it " +
+               (Saved() == 1 ? "stays" : "stay") + " saved, it and the lines after it were not tried";
+    if (!failure) return {};
+    return "line " + std::to_string(failedLine) + ": " + DescribeError(*failure) + "; " +
+           FateReport(fate, failedLine, Saved(), fateWhy);
+}
+
 std::string ExchangeText(std::string texto) {
     if (texto.rfind("\xEF\xBB\xBF", 0) == 0) texto.erase(0, 3);
     if (texto.find('\n') == std::string::npos) return texto;

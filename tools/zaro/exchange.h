@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "process.h"
 #include "progress.h"
+#include "settle.h"
 #include "tables.h"
 #include "zaro.h"
 
@@ -32,13 +34,22 @@ struct SaveResult {
     std::vector<SkippedRow> skipped;
     std::optional<Error> failure;  // what stopped the saving
     size_t failedLine = 0;
+    Fate fate = Fate::NotChecked;  // what became of the failed line's row, when the failure leaves it open
+    std::string fateWhy;
+    int stopSignal = 0;            // a signal that stopped the saving before stoppedLine
+    size_t stoppedLine = 0;
     size_t Saved() const { return inserted + updated; }
+    // The stop, for a report: "line 7: error ...; ..." or "line 7: interrupted by SIGINT; ...".
+    std::string StopReport() const;
 };
 
 // Saves the rows of an imported list as GrabarDatos does: a row that fails
 // CamposOk is skipped, one whose key exists is updated, any other inserted,
 // all on the adapter's Conexion; the first failure stops it, and the rows
-// saved before it stay saved. Unlike GrabarDatos it tells what it did.
+// saved before it stay saved. Unlike GrabarDatos it tells what it did: when
+// the failure may have left the row written all the same, it looks (see
+// settle.h) and counts the row when it is there. A signal (see process.h)
+// stops it after the row in progress.
 // empty[i] says whether row i + 1 came from an empty line.
 template <class A>
 SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty, Progress& progress) {
@@ -46,6 +57,11 @@ SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty,
     size_t line = 0;
     for (const typename A::EntityRef& e : rows) {
         ++line;
+        if (const int sig = StopSignal()) {
+            r.stopSignal = sig;
+            r.stoppedLine = line;
+            break;
+        }
         progress.Update(line);
         std::string mensajes;
         if (!adapter.CamposOk(*e, mensajes)) {
@@ -53,17 +69,35 @@ SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty,
             else r.skipped.push_back({line, OneLine(mensajes)});
             continue;
         }
+        enum { Looking, Inserting, Updating } step = Looking;
         try {
             if (adapter.Existe(*e)) {
+                step = Updating;
                 adapter.Update(*e);
                 ++r.updated;
             } else {
+                step = Inserting;
                 adapter.Insert(*e);
                 ++r.inserted;
             }
         } catch (const Error& err) {
             r.failure = err;
             r.failedLine = line;
+            // Nothing was written while the key was looked for.
+            if (step == Looking && MayHaveBeenApplied(err)) {
+                r.fate = Fate::NotSaved;
+                r.fateWhy = "it failed while its key was looked for, before it was written";
+            }
+            if (step != Looking && err.Number == 1021) {
+                // A table whose write the full disk stopped is repaired when it
+                // opens again with room: only then can it be looked at.
+                r.fate = Fate::Unknown;
+                r.fateWhy = "the disk filled while it was written; the table is repaired when it is opened again "
+                            "once there is space";
+            } else if (step != Looking && MayHaveBeenApplied(err)) {
+                r.fate = SettleRow(adapter, e, step == Updating, r.fateWhy);
+                if (r.fate == Fate::Saved) ++(step == Updating ? r.updated : r.inserted);
+            }
             break;
         }
     }
@@ -91,7 +125,10 @@ std::string ExportRows(A& adapter, ListOf<A>& rows, const std::string& separador
     for (typename A::EntityRef e : rows) {
         piece->AddEntidad(e);
         ++done;
-        if (piece->Count() == kPiece) flush();
+        if (piece->Count() == kPiece) {
+            flush();
+            if (StopSignal()) return texto;  // the caller writes none of it
+        }
     }
     flush();
     texto += "\r\n";

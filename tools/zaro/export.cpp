@@ -24,6 +24,8 @@ int RunExport(const Options& options) {
     const std::string& tabla = options.args[0];
     CheckTable(tabla);
     Session session(options);
+    session.RequireDatabase();
+    Interruptible interruptible;
     return WithTable(session.Registro(), tabla, [&](auto& adapter) {
         auto rows = ListRows(adapter, tabla, options);
         std::string texto;
@@ -31,6 +33,11 @@ int RunExport(const Options& options) {
             Progress progress("export " + tabla, static_cast<size_t>(rows->Count()));
             texto = ExportRows(adapter, *rows, sep, progress);
         }
+        // Stopped: nothing is written, so that no file looks whole that is not.
+        if (const int sig = StopSignal())
+            throw Interrupted{sig, "export stopped before writing: interrupted by " + SignalName(sig) + "; " +
+                                       std::to_string(rows->Count()) + " rows were listed and none was written" +
+                                       (options.out ? ", " + *options.out + " was left as it was" : "")};
         if (options.out) {
             WriteFile(*options.out, texto);
             std::cout << "exported " << rows->Count() << " rows of " << tabla << " to " << *options.out << "\n";
@@ -46,6 +53,7 @@ int RunXml(const Options& options) {
     const std::string& tabla = options.args[0];
     CheckTable(tabla);
     Session session(options);
+    session.RequireDatabase();
     return WithTable(session.Registro(), tabla, [&](auto& adapter) {
         auto rows = ListRows(adapter, tabla, options);
         std::cout << XmlDocument(*rows, tabla);

@@ -17,6 +17,8 @@ int RunImport(const Options& options) {
     CheckTable(tabla);
     std::string texto = ExchangeText(ReadFile(archivo));
     Session session(options);
+    session.RequireDatabase();
+    Interruptible interruptible;
     return WithTable(session.Registro(), tabla, [&](auto& adapter) {
         typename std::remove_reference_t<decltype(adapter)>::ListRef rows;
         try {
@@ -27,6 +29,7 @@ int RunImport(const Options& options) {
         }
         std::cout << "import " << archivo << " into " << tabla << ": ImportarTexto read " << Rows(rows->Count())
                   << "\n";
+        std::cout.flush();
         SaveResult r;
         {
             Progress progress("import " + tabla, static_cast<size_t>(rows->Count()));
@@ -38,10 +41,8 @@ int RunImport(const Options& options) {
         if (r.emptySkipped) std::cout << "; skipped " << Lines(r.emptySkipped);
         std::cout << "\n";
         std::cout.flush();
-        if (r.failure)
-            throw DataError("import stopped at line " + std::to_string(r.failedLine) + ": " +
-                            DescribeError(*r.failure) + "; " + Rows(r.Saved()) + " saved before it " +
-                            (r.Saved() == 1 ? "stays" : "stay") + " saved, the lines after it were not tried");
+        if (r.stopSignal) throw Interrupted{r.stopSignal, "import stopped at " + r.StopReport()};
+        if (r.failure) throw DataError("import stopped at " + r.StopReport());
         return r.skipped.empty() ? kExitOk : kExitData;
     });
 }

@@ -7,6 +7,7 @@ namespace zaro {
 
 int RunInit(const Options& options) {
     Session session(options);
+    session.RequireDatabase();
     std::cout << session.Donde() << ":\n";
     bool usable = true;
     TextTable table({"table", "what became of it"});

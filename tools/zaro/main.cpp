@@ -4,9 +4,11 @@
 #include <csignal>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <string_view>
 
+#include "process.h"
 #include "zaro.h"
 
 namespace zaro {
@@ -31,6 +33,11 @@ const char* const kGlobalOptions =
     "  --log               write to standard error the statements the adapters ran (their LogSQL)\n"
     "  --help, -h          this help, or the help of the command it goes with\n"
     "  --version           the version of zaro and of the ZARODatos library it runs with\n";
+
+// --where runs as given.
+#define ZARO_WHERE_WARNING                                                                             \
+    "COND is SQL that runs as given, with the rights of the connection: it must never come from\n" \
+    "untrusted input.\n"
 
 const char* const kExchange =
     "Exchange text: one row per line ending in CR LF, each field followed by the separator\n"
@@ -83,7 +90,10 @@ const std::vector<Command>& Commands() {
          "otherwise; a row that fails CamposOk is skipped. zaro reports the rows saved, each\n"
          "row skipped with its CamposOk message, and the empty lines skipped (an exported file\n"
          "ends with two). A failure stops the import: zaro names the line, the error (number,\n"
-         "source, description) and the rows saved before it, which stay saved.\n"
+         "source, description) and the rows saved before it, which stay saved. When the failure\n"
+         "may have written the row all the same (a lost connection, a server that stops\n"
+         "answering, a full disk), zaro looks for it and says whether it was saved. Ctrl-C or\n"
+         "SIGTERM stops the import after the row in progress, with the same report.\n"
          "The exit status is 2 when a row was skipped or the import stopped.\n\n"
          "Options:\n"
          "  --sep S   the column separator (default \";\")\n",
@@ -94,19 +104,27 @@ const std::vector<Command>& Commands() {
          "Options:\n"
          "  --where COND  a condition in SQL, e.g. \"TIPO_FAMILIA = 1\" (default: every row)\n"
          "  --sep S       the column separator (default \";\")\n"
-         "  --out FILE    the file to write (default: standard output)\n",
+         "  --out FILE    the file to write (default: standard output)\n\n"
+         ZARO_WHERE_WARNING,
          1, 1, {"--where", "--sep", "--out"}, RunExport},
         {"xml", "TABLE [--where COND]", "write a table's rows as XML",
          "Lists the table's rows as export does and writes to standard output one XML document:\n"
          "the root element <datos tabla=\"TABLE\" filas=\"N\"> holding the ToXML element of each row.\n\n"
          "Options:\n"
-         "  --where COND  a condition in SQL (default: every row)\n",
+         "  --where COND  a condition in SQL (default: every row)\n\n"
+         ZARO_WHERE_WARNING,
          1, 1, {"--where"}, RunXml},
-        {"query", "\"SQL\"", "run a statement and print what it gives",
+        {"query", "\"SQL\" [--write]", "run a statement and print what it gives",
          "Runs the statement on a Recordset and loads its rows into a list of generic entities\n"
          "(coleccionGenerica.Cargar), then prints them as a table. A statement that gives no\n"
-         "rows prints how many rows it changed.\n",
-         1, 1, {}, RunQuery},
+         "rows prints how many rows it changed.\n"
+         "The statement runs in a read-only transaction: the database refuses one that would\n"
+         "change data or tables (error 1792), unless --write is given.\n\n"
+         "Options:\n"
+         "  --write       let the statement change data and tables\n\n"
+         "The statement runs as given, with the rights of the connection: it must never come from\n"
+         "untrusted input.\n",
+         1, 1, {"--write"}, RunQuery},
         {"totals", "TABLE FIELD [--where COND]", "sum, mean, maximum and minimum of a field",
          "Lists the table's rows (those meeting COND) and prints the list queries ObtenerSuma,\n"
          "ObtenerMedia, ObtenerMaximo and ObtenerMinimo of FIELD, with the library's rules:\n"
@@ -114,7 +132,8 @@ const std::vector<Command>& Commands() {
          "count as 0, and maximum and minimum start from 0 (the maximum of negative values and\n"
          "the minimum of positive values are 0).\n\n"
          "Options:\n"
-         "  --where COND  a condition in SQL (default: every row)\n",
+         "  --where COND  a condition in SQL (default: every row)\n\n"
+         ZARO_WHERE_WARNING,
          2, 2, {"--where"}, RunTotals},
         {"tables", "", "each table and its row count",
          "Lists the ten tables of the library with the rows each holds, or that it is missing.\n", 0, 0, {},
@@ -146,7 +165,9 @@ void PrintToolHelp(std::ostream& out) {
         << "Tables: _definicion_campos, articulo, fin_dia, inicio_dia, resumen_diario,\n"
            "resumen_diario_detalle, ticket, ticket_articulo, ticket_impuesto, ticket_pago.\n\n"
         << kExchange << "\n"
-        << "Exit status: 0 done; 1 a mistake in the command line; 2 a data, file or database error.\n";
+        << "Exit status: 0 done; 1 a mistake in the command line; 2 a data, file or database error.\n"
+        << "Ctrl-C or SIGTERM stops import, export and demo after the row in progress (exit status\n"
+           "130 or 143).\n";
 }
 
 void PrintCommandHelp(const Command& c, std::ostream& out) {
@@ -194,6 +215,11 @@ Options Parse(int argc, char** argv, std::vector<std::string>& given) {
         }
         if (word == "--log") {
             o.log = true;
+            given.push_back(word);
+            continue;
+        }
+        if (word == "--write") {
+            o.write = true;
             given.push_back(word);
             continue;
         }
@@ -277,11 +303,15 @@ int Main(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     using namespace zaro;
+    SetUpProcess();
     // A reader that goes away early (zaro demo | head) must not kill the
     // process while the embedded engine runs: writes to it just fail.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         return Main(argc, argv);
+    } catch (const Interrupted& e) {
+        std::cerr << "zaro: " << OneLine(e.message) << "\n";
+        return 128 + e.signal;
     } catch (const UsageError& e) {
         std::cerr << "zaro: " << e.what() << "\nTry 'zaro --help'.\n";
         return kExitUsage;
@@ -290,6 +320,10 @@ int main(int argc, char** argv) {
         return kExitData;
     } catch (const Error& e) {
         std::cerr << "zaro: " << DescribeError(e) << "\n";
+        return kExitData;
+    } catch (const std::filesystem::filesystem_error& e) {
+        std::cerr << "zaro: can not use " << (e.path1().empty() ? std::string("a file") : e.path1().string()) << ": "
+                  << e.code().message() << "\n";
         return kExitData;
     } catch (const std::exception& e) {
         std::cerr << "zaro: " << OneLine(e.what()) << "\n";

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+#include "process.h"
+
 namespace zaro {
 
 namespace {
@@ -11,7 +13,7 @@ constexpr size_t kWidth = 30;
 }
 
 Progress::Progress(std::string what, size_t total)
-    : what_(std::move(what)), total_(total), shown_(total > kProgressThreshold && isatty(STDERR_FILENO) == 1) {}
+    : what_(std::move(what)), total_(total), shown_(total > kProgressThreshold && isatty(MessageFd()) == 1) {}
 
 Progress::~Progress() { Finish(); }
 
@@ -27,17 +29,15 @@ void Progress::Draw(size_t done) {
     const size_t filled = total_ ? done * kWidth / total_ : kWidth;
     std::string bar(filled, '#');
     bar.append(kWidth - filled, '.');
-    std::fprintf(stderr, "\r%s [%s] %3zu%% %zu/%zu", what_.c_str(), bar.c_str(), total_ ? done * 100 / total_ : 100,
-                 done, total_);
-    std::fflush(stderr);
+    dprintf(MessageFd(), "\r%s [%s] %3zu%% %zu/%zu", what_.c_str(), bar.c_str(), total_ ? done * 100 / total_ : 100,
+            done, total_);
     drawn_ = true;
 }
 
 void Progress::Finish() {
     if (!drawn_) return;
     // Clear the line, so that what follows starts clean.
-    std::fprintf(stderr, "\r\033[K");
-    std::fflush(stderr);
+    dprintf(MessageFd(), "\r\033[K");
     drawn_ = false;
 }
 

@@ -8,11 +8,23 @@ namespace zaro {
 int RunQuery(const Options& options) {
     const std::string& sql = options.args[0];
     Session session(options);
+    // The operator's statement runs as given; without --write it runs in a
+    // read-only transaction (every transaction of the session is), and the
+    // database refuses any change it would make.
+    if (!options.write) {
+        try {
+            session.Ejecutar("SET SESSION TRANSACTION READ ONLY");
+        } catch (const Error& e) {
+            throw DataError("can not start a read-only transaction: " + DescribeError(e));
+        }
+    }
     auto rs = std::make_shared<ADODB::Recordset>();
     try {
         rs->Open(sql, session.Conexion());
     } catch (const Error& e) {
-        throw DataError("the statement failed: " + DescribeError(e));
+        const bool refused = !options.write && e.Number == 1792;
+        throw DataError("the statement failed: " + DescribeError(e) +
+                        (refused ? "; zaro query runs read-only unless --write is given" : ""));
     }
     if (rs->State() != ADODB::adStateOpen) {
         const int64_t changed = session.Conexion()->RecordsAffected();

@@ -7,6 +7,7 @@ namespace zaro {
 
 int RunTables(const Options& options) {
     Session session(options);
+    session.RequireDatabase();
     TextTable table({"table", "rows"}, {false, true});
     bool missing = false;
     for (const std::string& tabla : TableList(session.Registro())) {

@@ -19,6 +19,7 @@ int RunTotals(const Options& options) {
     std::string campo = options.args[1];
     CheckTable(tabla);
     Session session(options);
+    session.RequireDatabase();
     return WithTable(session.Registro(), tabla, [&](auto& adapter) {
         // The list queries answer 0 for a field the entity does not have; a
         // person who mistyped a name is better told.

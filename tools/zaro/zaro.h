@@ -40,6 +40,7 @@ struct Options {
     std::vector<std::string> args;
     std::optional<std::string> db, connect, where, sep, out, sample;
     bool log = false;
+    bool write = false;  // query: let the statement change data
     bool help = false;
     bool version = false;
 };
@@ -63,6 +64,9 @@ public:
     DataAdapters& Registro() { return *registro_; }
     // Where the data lives, for messages: "the embedded database in zaro-data".
     const std::string& Donde() const { return donde_; }
+
+    // A DataError on a server when the connection chose no database.
+    void RequireDatabase();
 
     // A statement of the tool's own (not an adapter's), through BasTroquel.
     void Ejecutar(const std::string& sql);

@@ -4,13 +4,15 @@
 // codes and errors. One engine library serves two roads, chosen by the
 // connection string (see README.md, "Connection strings"):
 //   - embedded (the default): a MariaDB server inside this process, on a data
-//     folder that is created and bootstrapped on first use. The server starts
-//     once per process, when the first embedded connection opens; every
-//     embedded connection shares it; a process holds one data folder.
+//     folder that is created and bootstrapped on first use, whole or not at
+//     all. The server starts once per process, when the first embedded
+//     connection opens; every embedded connection shares it; a process holds
+//     one data folder.
 //   - server: a MariaDB/MySQL server reached by host and port or by socket.
 // Every session is set up the same way on both roads: character set utf8mb4
-// on the connection, and NO_BACKSLASH_ESCAPES added to the session's sql_mode
-// (a connection-string key may leave it out).
+// on the connection, and NO_BACKSLASH_ESCAPES added to the session's sql_mode.
+// A statement that turns NO_BACKSLASH_ESCAPES off shows it in its reply; the
+// session turns it back on before its next statement.
 //
 // Threads: an object belongs to one thread at a time. An embedded connection
 // runs every engine call on a thread of its own (the engine is much slower
@@ -29,8 +31,14 @@
 //     on the connection opens the session again;
 //   - no current row 3021, a closed object 3704, an open object 3705, a
 //     missing or closed connection 3709, a missing field 3265, an operation a
-//     forward-only recordset can not do 3219, a bad connection string or a
-//     second embedded data folder 3001; with the platform's texts.
+//     forward-only recordset can not do 3219, a bad connection string (keys,
+//     refused EmbeddedOptions) or a second embedded data folder 3001; with the
+//     platform's texts;
+//   - a data folder that can not be made, is half-made or will not start
+//     2000, in one line with the engine's own words (its messages go to
+//     zaro-engine.log in the data folder);
+//   - a statement that waited for space on a full disk of the embedded road
+//     1021 "Disk full: ...", within about two seconds.
 #pragma once
 
 #include <cstdint>

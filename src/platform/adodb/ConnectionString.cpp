@@ -4,6 +4,7 @@
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/adodb/EngineOptions.h"
 
 namespace OVT_ZARO::ADODB::detail {
 
@@ -40,16 +41,9 @@ unsigned ParseUnsigned(const std::string& key, const std::string& value, unsigne
     return v;
 }
 
-bool ParseFlag(const std::string& key, const std::string& value) {
-    const std::string v = FoldKey(value);
-    if (v == "true" || v == "yes" || v == "on" || v == "1") return true;
-    if (v == "false" || v == "no" || v == "off" || v == "0") return false;
-    Bad("the value of " + key + " must be true or false, not '" + value + "'");
-}
-
 const char* const kKnownKeys =
     "DataDir, EmbeddedOptions, Server (or Host), Port, Socket, User (or UID), Password (or PWD), Database, "
-    "NoBackslashEscapes, ConnectTimeout, CommandTimeout";
+    "ConnectTimeout, CommandTimeout";
 
 }  // namespace
 
@@ -82,6 +76,7 @@ std::vector<std::string> SplitServerOptions(std::string_view text) {
 ConnectionOptions ParseConnectionString(std::string_view text) {
     ConnectionOptions o;
     bool embeddedKey = false, serverKey = false, databaseGiven = false;
+    std::string serverOnlyKey;  // the first key that only a server takes, as written
     std::vector<std::string> seen;
     size_t i = 0;
     const size_t n = text.size();
@@ -141,6 +136,7 @@ ConnectionOptions ParseConnectionString(std::string_view text) {
             embeddedKey = true;
         } else if (key == "embeddedoptions") {
             o.serverOptions = SplitServerOptions(value);
+            CheckEmbeddedOptionNames(o.serverOptions);
             embeddedKey = true;
         } else if (key == "server") {
             if (value.empty()) Bad("Server is empty");
@@ -160,8 +156,6 @@ ConnectionOptions ParseConnectionString(std::string_view text) {
         } else if (key == "database") {
             o.database = value;
             databaseGiven = true;
-        } else if (key == "nobackslashescapes") {
-            o.noBackslashEscapes = ParseFlag(rawKey, value);
         } else if (key == "connecttimeout") {
             o.connectTimeout = ParseUnsigned(rawKey, value, 31536000);
         } else if (key == "commandtimeout") {
@@ -169,9 +163,14 @@ ConnectionOptions ParseConnectionString(std::string_view text) {
         } else {
             Bad("unknown key '" + rawKey + "'; the keys are " + kKnownKeys);
         }
+        if (serverOnlyKey.empty() &&
+            (key == "user" || key == "password" || key == "connecttimeout" || key == "commandtimeout"))
+            serverOnlyKey = rawKey;
     }
     if (serverKey && o.host.empty() && o.socket.empty()) Bad("Port needs Server (or Host)");
     if (serverKey && embeddedKey) Bad("DataDir and EmbeddedOptions belong to the embedded database, not to a server");
+    // Keys of a server alone would open the embedded database unasked.
+    if (!serverKey && !serverOnlyKey.empty()) Bad(serverOnlyKey + " needs Server, Port or Socket");
     o.embedded = !serverKey;
     if (o.embedded && !databaseGiven) o.database = "zaro";
     if (o.embedded && o.database.empty()) Bad("Database is empty");

@@ -17,14 +17,14 @@ struct ConnectionOptions {
     std::string user;
     std::string password;
     std::string database;  // embedded default "zaro"; server: none unless given
-    bool noBackslashEscapes = true;
     unsigned connectTimeout = 15;  // seconds, server road; 0 waits for ever
     unsigned commandTimeout = 30;  // seconds, server road; 0 waits for ever
 };
 
 // Parses "Key=Value;Key=Value". Keys ignore case, blanks and underscores;
 // a value may be quoted with " or ' (a doubled quote stands for itself).
-// An unknown key, a key given twice, a bad number or a bad flag raises 3001.
+// An unknown key, a key given twice, a bad number, a key of a server without
+// Server, Port or Socket, or a refused EmbeddedOptions option raises 3001.
 ConnectionOptions ParseConnectionString(std::string_view text);
 
 // Splits a list of server options at blanks, honouring " and ' quotes.

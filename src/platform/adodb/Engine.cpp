@@ -8,15 +8,18 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <mutex>
-#include <sstream>
+#include <optional>
 #include <thread>
 
 #include <mysql.h>
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/adodb/DataFolder.h"
+#include "platform/adodb/DiskWatch.h"
+#include "platform/adodb/EngineChild.h"
+#include "platform/adodb/EngineOptions.h"
 #include "platform/adodb/Session.h"
 
 // The server side of the engine library: starts the in-process server. It is
@@ -82,6 +85,7 @@ std::string MakePrivateTempFolder() {
 }
 
 void AtExit() {
+    diskwatch::Stop();
     std::vector<Session*> sessions;
     {
         std::lock_guard<std::mutex> lock(Mutex());
@@ -99,54 +103,6 @@ void AtExit() {
     }
 }
 
-// The engine's own script of the system tables, where the engine's share
-// folder holds it.
-std::string SystemTablesScript() {
-    for (const char* p : {"/usr/share/mysql/mysql_system_tables.sql", "/usr/share/mariadb/mysql_system_tables.sql"}) {
-        std::ifstream in(p, std::ios::binary);
-        if (!in) continue;
-        std::ostringstream ss;
-        ss << in.rdbuf();
-        return ss.str();
-    }
-    return {};
-}
-
-// Creates the system database of a new data folder, with the engine's system
-// tables when its script is installed.
-void Bootstrap(const std::string& dataDir) {
-    MYSQL* m = mysql_init(nullptr);
-    if (!m) throw Error(kEmbeddedFailure, kSource, "The embedded database is out of memory.");
-    mysql_options(m, MYSQL_OPT_USE_EMBEDDED_CONNECTION, nullptr);
-    if (!mysql_real_connect(m, nullptr, nullptr, nullptr, nullptr, 0, nullptr, CLIENT_MULTI_STATEMENTS)) {
-        Error e(static_cast<int32_t>(mysql_errno(m)), kSource, mysql_error(m));
-        mysql_close(m);
-        throw e;
-    }
-    std::string sql = "CREATE DATABASE IF NOT EXISTS mysql;\nUSE mysql;\n" + SystemTablesScript();
-    int32_t errNo = 0;
-    std::string errText;
-    if (mysql_real_query(m, sql.data(), sql.size())) {
-        errNo = static_cast<int32_t>(mysql_errno(m));
-        errText = mysql_error(m);
-    } else {
-        for (;;) {
-            if (MYSQL_RES* r = mysql_store_result(m)) mysql_free_result(r);
-            const int st = mysql_next_result(m);
-            if (st > 0) {
-                errNo = static_cast<int32_t>(mysql_errno(m));
-                errText = mysql_error(m);
-                break;
-            }
-            if (st < 0) break;
-        }
-    }
-    mysql_close(m);
-    if (errNo)
-        throw Error(errNo, kSource,
-                    "The system tables of the new data folder '" + dataDir + "' could not be created: " + errText);
-}
-
 }  // namespace
 
 void EnsureClientLibrary() {
@@ -160,6 +116,41 @@ void EnsureClientLibrary() {
 bool EmbeddedServerStarted() {
     std::lock_guard<std::mutex> lock(Mutex());
     return g_started;
+}
+
+std::vector<std::string> ServerArguments(const std::string& dataDir, const std::vector<std::string>& options) {
+    std::vector<std::string> args;
+    args.push_back("ZARODatos");
+    // No option file is read: the process's settings are the connection string's.
+    args.push_back("--no-defaults");
+    args.push_back("--datadir=" + dataDir);
+    // The embedded server has no users; this also skips the plugin and
+    // function tables, so that a new folder starts without warnings.
+    args.push_back("--skip-grant-tables");
+    for (const auto& o : options) args.push_back(o);
+    return args;
+}
+
+int StartServer(const std::vector<std::string>& args, const std::string& tmpDir) {
+    auto& store = ArgStorage();
+    store = args;
+    static std::vector<char*>* argv = new std::vector<char*>();
+    argv->clear();
+    for (auto& s : store) argv->push_back(s.data());
+    argv->push_back(nullptr);
+    static char group0[] = "zarodatos_embedded";
+    static char* groups[] = {group0, nullptr};
+    // The in-process server takes its temp folder from TMPDIR only (it
+    // ignores --tmpdir): set for the start, then put back.
+    const char* oldTmp = std::getenv("TMPDIR");
+    const std::string savedTmp = oldTmp ? oldTmp : "";
+    if (!tmpDir.empty()) setenv("TMPDIR", tmpDir.c_str(), 1);
+    const int rc = init_embedded_server(static_cast<int>(store.size()), argv->data(), groups);
+    if (!tmpDir.empty()) {
+        if (oldTmp) setenv("TMPDIR", savedTmp.c_str(), 1);
+        else unsetenv("TMPDIR");
+    }
+    return rc;
 }
 
 void EnsureEmbeddedServer(const std::string& dataDirIn, const std::vector<std::string>& serverOptions) {
@@ -187,26 +178,9 @@ void EnsureEmbeddedServer(const std::string& dataDirIn, const std::vector<std::s
         throw Error(kEmbeddedFailure, kSource,
                     "The embedded database failed to start earlier in this process and can not be started again.");
 
-    fs::create_directories(dir, ec);
-    if (ec || !fs::is_directory(dir))
-        throw Error(kEmbeddedFailure, kSource,
-                    "The data folder '" + dirText + "' can not be created: " + (ec ? ec.message() : "not a folder"));
-    const bool fresh = !fs::exists(dir / "mysql");
-
-    auto& store = ArgStorage();
-    store.clear();
-    store.push_back("ZARODatos");
-    // No option file is read: the process's settings are the connection string's.
-    store.push_back("--no-defaults");
-    store.push_back("--datadir=" + dirText);
-    // The embedded server has no users; this also skips the plugin and
-    // function tables, so that a new folder starts without warnings.
-    store.push_back("--skip-grant-tables");
     std::string tmpDir;
-    for (const auto& o : serverOptions) {
-        store.push_back(o);
+    for (const auto& o : serverOptions)
         if (o.rfind("--tmpdir=", 0) == 0) tmpDir = o.substr(9);
-    }
     if (tmpDir.empty()) {
         if (!g_tmpDir) {
             const std::string tmp = MakePrivateTempFolder();
@@ -214,42 +188,93 @@ void EnsureEmbeddedServer(const std::string& dataDirIn, const std::vector<std::s
         }
         if (g_tmpDir) tmpDir = *g_tmpDir;
     }
-    static std::vector<char*>* argv = new std::vector<char*>();
-    argv->clear();
-    for (auto& s : store) argv->push_back(s.data());
-    argv->push_back(nullptr);
-    static char group0[] = "zarodatos_embedded";
-    static char* groups[] = {group0, nullptr};
-    // The in-process server takes its temp folder from TMPDIR only (it
-    // ignores --tmpdir): set for the start, then put back.
-    const char* oldTmp = std::getenv("TMPDIR");
-    const std::string savedTmp = oldTmp ? oldTmp : "";
-    if (!tmpDir.empty()) setenv("TMPDIR", tmpDir.c_str(), 1);
-    const int rc = init_embedded_server(static_cast<int>(store.size()), argv->data(), groups);
-    if (!tmpDir.empty()) {
-        if (oldTmp) setenv("TMPDIR", savedTmp.c_str(), 1);
-        else unsetenv("TMPDIR");
+
+    // Options the engine would end the process on are tried in a child first.
+    CheckEmbeddedOptionValues(serverOptions, tmpDir);
+
+    switch (InspectFolder(dirText)) {
+        case FolderKind::Missing:
+        case FolderKind::Empty:
+            CreateDataFolder(dirText, serverOptions, tmpDir);
+            break;
+        case FolderKind::DataFolder:
+            break;
+        case FolderKind::NotAFolder:
+            throw Error(kEmbeddedFailure, kSource,
+                        "The data folder '" + dirText + "' can not be created: a file is in its place.");
+        case FolderKind::HalfMade:
+            throw Error(kEmbeddedFailure, kSource,
+                        "The data folder '" + dirText +
+                            "' is half-made: it holds the engine's files but no system database, as a first start "
+                            "that was cut short (a killed process, a full disk) leaves it; it holds no data, so "
+                            "remove it and open it again.");
+        case FolderKind::Foreign:
+            throw Error(kEmbeddedFailure, kSource,
+                        "The folder '" + dirText +
+                            "' is not a data folder of the embedded database: it holds other files and no system "
+                            "database; give a new or an empty folder.");
     }
+
+    // What the engine prints while it starts goes to the folder's log.
+    std::string log = EngineLogPath(dirText);
+    std::optional<StderrToFile> capture(std::in_place, log);
+    if (!capture->Active() && g_tmpDir) {
+        capture.reset();
+        log = *g_tmpDir + "/engine.log";
+        capture.emplace(log);
+    }
+    const int rc = StartServer(ServerArguments(dirText, serverOptions), tmpDir);
+    const std::string said = capture->Finish();
     if (rc) {
         g_failed = true;
-        if (g_tmpDir) {
-            std::error_code rmEc;
-            fs::remove_all(*g_tmpDir, rmEc);
-        }
+        std::string why = FirstEngineMessage(said);
+        const bool full = TellsOfFullDisk(said);
+        if (full) why = "the disk is full" + (why.empty() ? std::string() : "; " + why);
+        const bool inFolder = log.rfind(dirText + "/", 0) == 0;
+        // What to do: a fault of the options, or of the folder.
+        bool options = false;
+        for (const char* word : {"option", "variable", "Unknown locale", "Unknown collation", "character set",
+                                 "time zone", "Unknown/unsupported storage engine"})
+            options = options || why.find(word) != std::string::npos;
+        if (why.rfind("InnoDB: ", 0) == 0) options = false;
+        const bool denied = said.find("Errcode: 13 ") != std::string::npos ||
+                            said.find("Permission denied") != std::string::npos;
         throw Error(kEmbeddedFailure, kSource,
-                    "The embedded database could not start on the data folder '" + dirText +
-                        "' (the engine's messages are on standard error).");
+                    "The embedded database could not start on the data folder '" + dirText + "'" +
+                        (why.empty() ? std::string() : ": " + why) +
+                        (full      ? std::string(". Free some space on its disk and open it again")
+                         : denied  ? std::string(". The process may not write the folder; open it as its owner")
+                         : options ? std::string(". Check EmbeddedOptions")
+                                   : std::string(". A folder damaged or left half-made (a first start cut short, a "
+                                                 "full disk) that holds no data can be removed and made anew")) +
+                        (inFolder ? "; the engine's messages are in " + log : std::string()) + ".");
     }
     g_started = true;
     g_dataDir = dirText;
     g_options = serverOptions;
     std::atexit(AtExit);
-    if (fresh) Bootstrap(dirText);
+    // A folder of an older build that was cut short while making its system
+    // tables gets the missing ones.
+    // (A folder the script can not complete still serves the library's tables.)
+    if (SystemTablesIncomplete(dirText)) {
+        try {
+            CreateSystemTables(dirText);
+        } catch (const Error&) {
+        }
+    }
+    diskwatch::Start(dirText);
 }
 
 void Register(Session* s) {
     std::lock_guard<std::mutex> lock(Mutex());
     Sessions().push_back(s);
+}
+
+bool AnyEmbeddedCallRunning() {
+    std::lock_guard<std::mutex> lock(Mutex());
+    for (const Session* s : Sessions())
+        if (s->Embedded() && s->InCall()) return true;
+    return false;
 }
 
 void Unregister(Session* s) {

@@ -28,9 +28,21 @@ void EnsureEmbeddedServer(const std::string& dataDir, const std::vector<std::str
 // Whether the embedded server has been started in this process.
 bool EmbeddedServerStarted();
 
+// The arguments of the in-process server on a data folder with the extra
+// server options of a connection string.
+std::vector<std::string> ServerArguments(const std::string& dataDir, const std::vector<std::string>& options);
+
+// Starts the in-process server with these arguments and its temp tables in
+// tmpDir (the engine's own default when empty); gives the engine's status,
+// 0 when it runs. The arguments are kept for as long as the engine runs.
+// REQUIRES: called on an engine thread, once per process.
+int StartServer(const std::vector<std::string>& args, const std::string& tmpDir);
+
 // The sessions alive in the process, closed when it exits.
 void Register(Session* s);
 void Unregister(Session* s);
+// Whether some embedded session of the process is in an engine call now.
+bool AnyEmbeddedCallRunning();
 
 }  // namespace engine
 }  // namespace OVT_ZARO::ADODB::detail

@@ -65,6 +65,11 @@ public:
         }
     }
 
+    // True while a call runs (read from any thread; a glance, not a lock).
+    bool Busy() const {
+        return posted_.load(std::memory_order_relaxed) != done_.load(std::memory_order_relaxed);
+    }
+
     // True on the engine thread itself.
     bool OnThread() const { return std::this_thread::get_id() == thread_.get_id(); }
 

@@ -99,6 +99,7 @@ StmtReader::OpenResult StmtReader::Open(Session& session, const std::string& sql
         throw Error(static_cast<int32_t>(e), source, std::move(text));
     }
     session.lastAffected = -1;
+    session.NoteMode();
     const unsigned count = mysql_stmt_field_count(stmt_);
     if (count == 0) {
         Release();

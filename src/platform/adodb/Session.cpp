@@ -1,19 +1,45 @@
 #include "platform/adodb/Session.h"
 
 #include <errmsg.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <thread>
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/adodb/DiskWatch.h"
 #include "platform/adodb/Engine.h"
 #include "platform/adodb/RecordsetImpl.h"
+
+// The engine's number of an in-process session (a server function; the
+// client's mysql_thread_id is 0 on the embedded road).
+extern "C" unsigned long thd_get_thread_id(const void* thd);
 
 namespace OVT_ZARO::ADODB::detail {
 
 namespace {
 
 const char* const kConnSource = "ADODB.Connection";
+// Adds NO_BACKSLASH_ESCAPES to the session's sql_mode, keeping the rest.
+const char* const kNoBackslashEscapes =
+    "SESSION sql_mode = CONCAT_WS(',', NULLIF(@@SESSION.sql_mode, ''), 'NO_BACKSLASH_ESCAPES')";
+// The database's number for a full disk.
+constexpr int32_t kDiskFull = 1021;
+
+unsigned LocalPort(MYSQL* m) {
+    sockaddr_storage a{};
+    socklen_t len = sizeof a;
+    if (getsockname(static_cast<int>(m->net.fd), reinterpret_cast<sockaddr*>(&a), &len) != 0) return 0;
+    if (a.ss_family == AF_INET) return ntohs(reinterpret_cast<sockaddr_in*>(&a)->sin_port);
+    if (a.ss_family == AF_INET6) return ntohs(reinterpret_cast<sockaddr_in6*>(&a)->sin6_port);
+    return 0;
+}
 
 std::string Backticked(const std::string& name) {
     std::string out = "`";
@@ -86,11 +112,9 @@ void Session::Connect() {
         mysql_close(m);
         throw e;
     }
-    // The same session on both roads: UTF-8 text, and a backslash stored as typed.
-    std::string setup = "SET NAMES utf8mb4";
-    if (options_.noBackslashEscapes)
-        setup += ", SESSION sql_mode = CONCAT_WS(',', NULLIF(@@SESSION.sql_mode, ''), 'NO_BACKSLASH_ESCAPES')";
-    std::vector<std::string> steps{setup};
+    // The same session on both roads: UTF-8 text, and a backslash stored as
+    // typed, so that the apostrophe rule is a complete guard for literals.
+    std::vector<std::string> steps{std::string("SET NAMES utf8mb4, ") + kNoBackslashEscapes};
     if (options_.embedded) steps.push_back("CREATE DATABASE IF NOT EXISTS " + Backticked(options_.database));
     for (const auto& sql : steps) {
         if (mysql_real_query(m, sql.data(), sql.size())) {
@@ -106,6 +130,13 @@ void Session::Connect() {
     }
     mysql_ = m;
     lost_ = false;
+    modeLost_ = false;
+    if (options_.embedded) {
+        sessionId_ = m->thd ? thd_get_thread_id(m->thd) : 0;
+    } else {
+        sessionId_ = mysql_thread_id(m);
+        localPort_ = options_.socket.empty() ? LocalPort(m) : 0;
+    }
 }
 
 void Session::Disconnect() {
@@ -119,10 +150,54 @@ void Session::NoteError(unsigned errNo) {
         lost_ = true;
 }
 
+namespace {
+// Whether the disk of a table's file has room to rebuild its index: twice
+// the index file and a megabyte.
+bool RoomToRepair(const std::string& file) {
+    struct statvfs s {};
+    if (statvfs(file.c_str(), &s) != 0) return false;
+    const unsigned long long free = (geteuid() == 0 ? s.f_bfree : s.f_bavail) * s.f_frsize;
+    std::error_code ec;
+    const std::filesystem::path index = std::filesystem::path(file).replace_extension(".MYI");
+    const auto size = std::filesystem::file_size(index, ec);
+    return free > (ec ? 0 : 2 * size) + (1u << 20);
+}
+
+// The file the engine could not write, from its message ("... writing
+// '/data/zaro/articulo.MYD' ..."); empty when it names none.
+std::string FileWritten(const std::string& engineText) {
+    const size_t at = engineText.find("writing '");
+    if (at == std::string::npos) return {};
+    const size_t end = engineText.find('\'', at + 9);
+    return end == std::string::npos ? std::string() : engineText.substr(at + 9, end - at - 9);
+}
+}  // namespace
+
+void Session::RaiseDiskFull(const char* source, const std::string& engineText) {
+    const std::string dir = engine::diskwatch::DataDir();
+    const std::string file = FileWritten(engineText);
+    // A table whose row write was stopped is marked as crashed by its engine:
+    // it is closed before a later statement, once there is room to repair it,
+    // so that the engine repairs it when it opens it again.
+    if (file.rfind(dir + "/", 0) == 0) {
+        flushFile_ = file;
+        const std::string rest = file.substr(dir.size() + 1);
+        const size_t slash = rest.find('/');
+        const size_t dot = rest.rfind('.');
+        if (slash != std::string::npos && dot != std::string::npos && dot > slash)
+            flushTable_ = Backticked(rest.substr(0, slash)) + "." + Backticked(rest.substr(slash + 1, dot - slash - 1));
+    }
+    throw Error(kDiskFull, source,
+                "Disk full: the disk of the data folder '" + dir + "' has no free space" +
+                    (file.empty() ? std::string() : " (writing " + file + ")") +
+                    ", and the statement that waited for it was stopped; free some space, then run it again");
+}
+
 void Session::RaiseLast(const char* source) {
     const unsigned e = mysql_errno(mysql_);
     std::string text = mysql_error(mysql_);
     NoteError(e);
+    if (options_.embedded && engine::diskwatch::TakeStopped(sessionId_)) RaiseDiskFull(source, text);
     throw Error(static_cast<int32_t>(e), source, std::move(text));
 }
 
@@ -130,15 +205,34 @@ void Session::RaiseStmt(MYSQL_STMT* stmt, const char* source) {
     const unsigned e = mysql_stmt_errno(stmt);
     std::string text = mysql_stmt_error(stmt);
     NoteError(e);
+    if (options_.embedded && engine::diskwatch::TakeStopped(sessionId_)) RaiseDiskFull(source, text);
     throw Error(static_cast<int32_t>(e), source, std::move(text));
 }
 
 void Session::EnsureConnected(const char* source) {
-    if (!lost_ && mysql_) return;
+    if (!lost_ && mysql_) {
+        // A table whose write a full disk stopped is closed once there is
+        // room again to repair it: the engine repairs it as it opens it.
+        if (!flushTable_.empty() && RoomToRepair(flushFile_)) {
+            const std::string flush = "FLUSH TABLES " + flushTable_;
+            flushTable_.clear();
+            if (mysql_real_query(mysql_, flush.data(), flush.size()) == 0) {
+                if (MYSQL_RES* r = mysql_store_result(mysql_)) mysql_free_result(r);
+            }
+        }
+        if (modeLost_) RestoreMode(source);
+        return;
+    }
     // The server went away: the recordsets of the old session go with it,
     // and the session is opened again with the same settings.
     for (RecordsetImpl* r : std::vector<RecordsetImpl*>(recordsets_)) r->CloseFromSession();
     recordsets_.clear();
+    // (A session that was lost while it waited for an earlier lost one ran no
+    // statement of the caller's: the earlier one is still the one to wait for.)
+    if (!options_.embedded && mysql_ && sessionId_ && !lostId_) {
+        lostId_ = sessionId_;
+        lostPort_ = localPort_;
+    }
     Disconnect();
     try {
         Connect();
@@ -146,6 +240,66 @@ void Session::EnsureConnected(const char* source) {
         lost_ = true;
         throw Error(e.Number, source, e.Description);
     }
+    if (lostId_) EndLostSession(source);
+}
+
+// The lost session may still be on the server, with a statement it read
+// before the client gave up on it (a server that paused, a network that
+// stalled). It is ended before this session runs anything, so that such a
+// statement is applied before the new session looks, or not at all: what the
+// new session reads after a lost connection is what stays. Over TCP the lost
+// session is known by its number and its client port; over a socket by its
+// number alone, and then it is only waited for.
+void Session::EndLostSession(const char* source) {
+    using namespace std::chrono;
+    const std::string find = "SELECT HOST FROM information_schema.PROCESSLIST WHERE ID = " + std::to_string(lostId_);
+    const auto deadline =
+        steady_clock::now() + seconds(std::max(5u, options_.commandTimeout ? options_.commandTimeout : 30u));
+    bool killed = false;
+    for (;;) {
+        MYSQL_RES* r = QueryStoredRaw(find, source);
+        MYSQL_ROW row = r ? mysql_fetch_row(r) : nullptr;
+        const std::string host = row && row[0] ? row[0] : "";
+        const bool present = row != nullptr;
+        if (r) mysql_free_result(r);
+        const std::string port = ":" + std::to_string(lostPort_);
+        const bool ours = present && (lostPort_ == 0 || (host.size() > port.size() &&
+                                                         host.compare(host.size() - port.size(), port.size(),
+                                                                      port) == 0));
+        if (!ours) break;
+        if (!killed && lostPort_ != 0) {
+            const std::string kill = "KILL CONNECTION " + std::to_string(lostId_);
+            if (mysql_real_query(mysql_, kill.data(), kill.size()) == 0) {
+                if (MYSQL_RES* k = mysql_store_result(mysql_)) mysql_free_result(k);
+            }
+            killed = true;
+        }
+        if (steady_clock::now() > deadline) {
+            // Said once: the next call goes on.
+            const unsigned long id = lostId_;
+            lostId_ = 0;
+            lostPort_ = 0;
+            throw Error(CR_SERVER_LOST, source,
+                        "The connection to the server was lost, and the session that was lost still runs on the "
+                        "server (number " + std::to_string(id) + "); its last statement may still be applied.");
+        }
+        std::this_thread::sleep_for(milliseconds(50));
+    }
+    lostId_ = 0;
+    lostPort_ = 0;
+}
+
+void Session::RestoreMode(const char* source) {
+    const std::string sql = std::string("SET ") + kNoBackslashEscapes;
+    if (mysql_real_query(mysql_, sql.data(), sql.size())) RaiseLast(source);
+    modeLost_ = false;
+}
+
+MYSQL_RES* Session::QueryStoredRaw(const std::string& sql, const char* source) {
+    if (mysql_real_query(mysql_, sql.data(), sql.size())) RaiseLast(source);
+    MYSQL_RES* res = mysql_store_result(mysql_);
+    if (!res && mysql_field_count(mysql_) != 0) RaiseLast(source);
+    return res;
 }
 
 MYSQL_RES* Session::QueryStored(const std::string& sql, const char* source) {
@@ -169,6 +323,7 @@ MYSQL_RES* Session::QueryStored(const std::string& sql, const char* source) {
             else mysql_free_result(more);
         }
     }
+    NoteMode();
     return res;
 }
 

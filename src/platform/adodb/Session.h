@@ -37,11 +37,20 @@ public:
     bool IsOpen() const { return mysql_ != nullptr || lost_; }
     bool Embedded() const { return options_.embedded; }
     MYSQL* Handle() const { return mysql_; }
+    // True while an engine call of this session runs.
+    bool InCall() const { return thread_ && thread_->Busy(); }
 
     // Before a statement: a session whose server was lost is opened again
-    // (its recordsets are closed). Raises when that fails.
+    // (its recordsets are closed), once the lost session has ended on the
+    // server; a session whose sql_mode lost NO_BACKSLASH_ESCAPES gets it
+    // back. Raises when that fails.
     // REQUIRES: on the engine thread.
     void EnsureConnected(const char* source);
+    // After a statement: notes from the reply's status whether the session
+    // still runs with NO_BACKSLASH_ESCAPES (no round trip).
+    void NoteMode() {
+        if (mysql_ && !(mysql_->server_status & SERVER_STATUS_NO_BACKSLASH_ESCAPES)) modeLost_ = true;
+    }
     // Raises the error of the handle with source, noting a lost server.
     // REQUIRES: on the engine thread.
     [[noreturn]] void RaiseLast(const char* source);
@@ -53,6 +62,9 @@ public:
     // none). Extra results are read and dropped.
     // REQUIRES: on the engine thread.
     MYSQL_RES* QueryStored(const std::string& sql, const char* source);
+    // The same for a statement of the library's own: no checks before or
+    // after it.
+    MYSQL_RES* QueryStoredRaw(const std::string& sql, const char* source);
 
     // Closes the recordsets and the session.
     void Close();
@@ -70,11 +82,24 @@ private:
     void Disconnect();   // on the engine thread
     void CloseRecordsets();
     void FreePending();  // on the engine thread
+    void RestoreMode(const char* source);    // on the engine thread
+    [[noreturn]] void RaiseDiskFull(const char* source, const std::string& engineText);
+    void EndLostSession(const char* source); // on the engine thread
 
     ConnectionOptions options_;
     std::unique_ptr<EngineThread> thread_;
     MYSQL* mysql_ = nullptr;
     bool lost_ = false;
+    bool modeLost_ = false;
+    std::string flushTable_;  // a table to close before a later statement (after a full disk)
+    std::string flushFile_;   // its file that could not be written
+    // The session's number in the engine or on the server; on the server road
+    // its local TCP port (0 over a socket), and those of a lost session not
+    // yet seen to end.
+    unsigned long sessionId_ = 0;
+    unsigned localPort_ = 0;
+    unsigned long lostId_ = 0;
+    unsigned lostPort_ = 0;
     bool registered_ = false;
     bool exited_ = false;
     std::vector<RecordsetImpl*> recordsets_;
