@@ -11,7 +11,9 @@
 // The seven queries (OrderBy, WhereDelegado, Where, ObtenerSuma,
 // ObtenerMedia, ObtenerMaximo, ObtenerMinimo) never change the list they are
 // asked of and never raise: each step that fails is skipped and the next one
-// runs. The three list-valued queries give a new list of the same class over
+// runs. A list never rejects an element, no object included; a step that
+// reads no object's field fails with 91 and is skipped like any other (a
+// value read before it is then used again, as a step that fails leaves it). The three list-valued queries give a new list of the same class over
 // the same entity objects, with no handler of this list's event attached.
 #pragma once
 
@@ -33,6 +35,15 @@ namespace detail {
 // through NormalizarNumero, read with "." as the decimal point. A null value
 // fails (it has no string form).
 inline double ValorParaTotal(const Variant& v) { return Val(BasTroquel::NormalizarNumero(CStr(v))); }
+
+// The entity an element holds. A list never rejects an element, so an
+// element may be no object: using it raises 91, as a call on an unset
+// object does, and each operation meets that in its own failure style.
+template <class T>
+T& Elemento(const std::shared_ptr<T>& e) {
+    if (!e) RaisePlatform(ErrNum::ObjectNotSet);
+    return *e;
+}
 }  // namespace detail
 
 // The collection part of every list, with or without queries: Count, Item,
@@ -56,11 +67,8 @@ public:
     Variant LateItem(int32_t posicion) override { return Variant(items_.Item(posicion)); }
 
     // Appends without a key (the body of AddEntidad and of the queries).
-    // No object can not be added: 91, so a list never holds a null element.
-    void Anexar(const EntityRef& e) {
-        if (!e) RaisePlatform(ErrNum::ObjectNotSet);
-        items_.Add(e);
-    }
+    // A list never rejects an element: no object is appended as it is.
+    void Anexar(const EntityRef& e) { items_.Add(e); }
     void Reservar(size_t n) { items_.Reserve(n); }
 
 protected:
@@ -95,8 +103,8 @@ public:
             for (int32_t j = 1; j <= n - 1; ++j) {
                 try { a = items_.Item(slot[static_cast<size_t>(j)]); } catch (...) {}
                 try { b = items_.Item(slot[static_cast<size_t>(j + 1)]); } catch (...) {}
-                try { va = a->GetValor(Campo); } catch (...) {}
-                try { vb = b->GetValor(Campo); } catch (...) {}
+                try { va = detail::Elemento(a).GetValor(Campo); } catch (...) {}
+                try { vb = detail::Elemento(b).GetValor(Campo); } catch (...) {}
                 try {
                     const CompareResult r = CompareVariants(va, vb, CompareMethod::Text);
                     const bool cambiar = *Descendente ? r == CompareResult::Less : r == CompareResult::Greater;
@@ -134,7 +142,7 @@ public:
         try { nueva = std::make_shared<Self>(); } catch (...) {}
         Variant v;
         for (const EntityRef& elemento : items_) {
-            try { v = elemento->GetValor(Campo); } catch (...) {}
+            try { v = detail::Elemento(elemento).GetValor(Campo); } catch (...) {}
             try {
                 if (!v.IsNull() && StrComp(CStr(v), *Valor, CompareMethod::Text) == 0) nueva->Anexar(elemento);
             } catch (...) {}
@@ -145,7 +153,7 @@ public:
     double ObtenerSuma(ByRef<std::string> Campo) {
         double suma = 0;
         for (const EntityRef& elemento : items_) {
-            try { suma += detail::ValorParaTotal(elemento->GetValor(Campo)); } catch (...) {}
+            try { suma += detail::ValorParaTotal(detail::Elemento(elemento).GetValor(Campo)); } catch (...) {}
         }
         return suma;
     }
@@ -165,7 +173,7 @@ public:
     double ObtenerMaximo(ByRef<std::string> Campo) {
         double resultado = 0, valor = 0;
         for (const EntityRef& elemento : items_) {
-            try { valor = detail::ValorParaTotal(elemento->GetValor(Campo)); } catch (...) {}
+            try { valor = detail::ValorParaTotal(detail::Elemento(elemento).GetValor(Campo)); } catch (...) {}
             if (valor > resultado) resultado = valor;
         }
         return resultado;
@@ -175,7 +183,7 @@ public:
     double ObtenerMinimo(ByRef<std::string> Campo) {
         double resultado = 0, valor = 0;
         for (const EntityRef& elemento : items_) {
-            try { valor = detail::ValorParaTotal(elemento->GetValor(Campo)); } catch (...) {}
+            try { valor = detail::ValorParaTotal(detail::Elemento(elemento).GetValor(Campo)); } catch (...) {}
             if (valor < resultado) resultado = valor;
         }
         return resultado;

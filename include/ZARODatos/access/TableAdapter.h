@@ -174,7 +174,7 @@ public:
             std::string texto;
             bool primera = true;
             for (const EntityRef& e : Rows) {
-                AnexarFilaTexto(texto, *e, *SeparadorColumnas);
+                AnexarFilaTexto(texto, detail::Elemento(e), *SeparadorColumnas);
                 // One growing string: room for all rows at the first row's length.
                 if (primera) texto.reserve(texto.size() * static_cast<size_t>(Rows.Count()) * 5 / 4 + 2);
                 primera = false;
@@ -191,11 +191,12 @@ public:
     // first failure; rows saved before it stay saved.
     void GrabarDatos(L& Rows) {
         try {
-            for (const EntityRef& e : Rows) {
+            for (const EntityRef& fila : Rows) {
+                E& e = detail::Elemento(fila);  // an element that is no object stops the saving with 91
                 std::string mensajes;
-                if (!CamposOk(*e, mensajes)) continue;
-                if (Existe(*e)) Update(*e);
-                else Insert(*e);
+                if (!CamposOk(e, mensajes)) continue;
+                if (Existe(e)) Update(e);
+                else Insert(e);
             }
         } catch (...) {
             Reraise(def_.FuenteAdapter);

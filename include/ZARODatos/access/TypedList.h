@@ -1,7 +1,8 @@
 // The typed list template: the list class col<tabla> of every table.
 //
 // Holds entities of its table in insertion order without keys (a list never
-// rejects an element: two elements with equal keys are both kept).
+// rejects an element: two elements with equal keys are both kept, and no
+// object is kept as it is).
 // ItemClave scans the list in order and answers the first element whose key
 // fields all match (strings by text comparison, integers exactly, doubles
 // and dates as doubles exactly), or no object. No operation of the list
@@ -61,7 +62,8 @@ protected:
         const auto& orden = t.PorArgumentoItemClave;
         for (const EntityRef& e : this->items_) {
             size_t i = 0;
-            if ((detail::ClaveCoincide(*e, detail::CampoDeArgumento(t, orden, i++), claves) && ...)) return e;
+            IEntidad& entidad = detail::Elemento(e);  // an element that is no object: 91, to the caller
+            if ((detail::ClaveCoincide(entidad, detail::CampoDeArgumento(t, orden, i++), claves) && ...)) return e;
         }
         return nullptr;
     }
