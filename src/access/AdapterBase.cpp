@@ -116,6 +116,11 @@ namespace {
 // The key conditions: <prefijo>.<column> = <literal>, joined by "   and ".
 void AnexarCondiciones(std::string& sql, const TablaDef& t, std::string_view prefijo,
                        const std::vector<Variant>& claves) {
+    // As many values as the key has fields: a table whose own operations give
+    // another number has a broken description.
+    if (claves.size() != t.PorClave.size())
+        t.Rota(std::to_string(claves.size()) + " key values given where the key has " +
+               std::to_string(t.PorClave.size()) + " fields");
     for (size_t k = 0; k < t.PorClave.size(); ++k) {
         const CampoDef& c = t.Campos[static_cast<size_t>(t.PorClave[k])];
         if (k > 0) sql += "   and ";
@@ -227,6 +232,9 @@ std::string AdapterBase::ConsultaEntidad(const std::vector<Variant>& claves) con
 }
 
 std::string AdapterBase::ConsultaListar(const std::vector<Variant>& claves, const std::string* tablaArgumento) const {
+    if (claves.size() != def_.PorClave.size())
+        def_.Rota(std::to_string(claves.size()) + " key values given where the key has " +
+                  std::to_string(def_.PorClave.size()) + " fields");
     const std::string& prefijo = tablaArgumento ? *tablaArgumento : tabla_;
     std::string filtro;
     for (size_t k = 0; k < def_.PorClave.size() && k < claves.size(); ++k) {

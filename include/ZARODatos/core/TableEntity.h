@@ -83,10 +83,22 @@ struct TablaDef {
 
     // Position in Campos of a name compared ignoring case; -1 when none.
     int Buscar(std::string_view nombre) const;
+    // The same for a name the description itself gives: a name that is no
+    // field raises the error of a broken description.
+    int16_t Campo(std::string_view nombre) const;
     // Position in Campos of an index; -1 when outside the index table.
     int PorIndice(int indice) const;
-    // Fills the derived members. Called once, by the builder.
+    // Checks the description and fills the derived members. Called once, by
+    // the builder, at the table's first Def(). A broken description raises
+    // 51, source "TablaDef", naming the table and what is wrong: a name that
+    // is no field (in a deviation, the select or insert pieces, the argument
+    // lists of Add and ItemClave), an index place left out, key, required or
+    // set places that are not 1, 2, 3 ... without a gap, a select list that
+    // does not name once each field with a column, an insert list that does
+    // not name every field once.
     void Completar();
+    // Raises the error of a broken description of this table.
+    [[noreturn]] void Rota(const std::string& problema) const;
 };
 
 // Reads and writes the typed member of a field.
@@ -186,7 +198,7 @@ public:
     CampoDef& Ultimo() { return def_.Campos.back(); }
     // A further index for an existing field (a second entry in the index table).
     TablaBuilder& IndiceExtra(int16_t indice, std::string_view nombre) {
-        Poner(indice, static_cast<int16_t>(def_.Buscar(nombre)));
+        Poner(indice, def_.Campo(nombre));
         return *this;
     }
     TablaDef& Def() { return def_; }
