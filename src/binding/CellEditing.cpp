@@ -289,7 +289,7 @@ bool ControlListDefinition::ValidaCelda() {
                 Paso([&] { Obj(mTextBox).SetSelStart(0); });
                 Paso([&] { Obj(mTextBox).SetSelLength(Len(Obj(mTextBox).GetText())); });
                 Paso([&] { Obj(mTextBox).SetFocus(); });
-                Paso([&] { Screen().Beep(); });
+                Paso([&] { Screen()->Beep(); });
                 Correcto = false;
             } else {
                 Paso([&] { Obj(mTextBox).SetBackColor(ColorLineaSeleccionada); });

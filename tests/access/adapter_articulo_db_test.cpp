@@ -578,14 +578,14 @@ TEST_P(AdapterArticulo, ObtenerValorSqlGivesTheFirstRowsValueNullIncluded) {
 }
 
 TEST_P(AdapterArticulo, ObtenerValorSqlWithABadStatementRaisesTheDatabasesErrorAndRestoresThePointer) {
-    Screen().SetMousePointer(3);
-    const int cambios = Screen().PointerChanges();
+    Screen()->SetMousePointer(3);
+    const int cambios = Screen()->PointerChanges();
     ConnectionRef c = cn;
     Error err = Capturar([&] { BasTroquel::ObtenerValorSQL(c, "selec mal", ""); });
     EXPECT_EQ(err.Number, 1064);
-    EXPECT_EQ(Screen().GetMousePointer(), 3);
-    EXPECT_EQ(Screen().PointerChanges(), cambios + 2);  // the wait shape, then back
-    Screen().SetMousePointer(0);
+    EXPECT_EQ(Screen()->GetMousePointer(), 3);
+    EXPECT_EQ(Screen()->PointerChanges(), cambios + 2);  // the wait shape, then back
+    Screen()->SetMousePointer(0);
 }
 
 TEST_P(AdapterArticulo, ListarOfAHundredThousandRowsReturnsThemInKeyOrder) {

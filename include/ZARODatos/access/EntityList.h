@@ -1,6 +1,9 @@
 // The list base shared by every list with queries: the typed lists of the
 // tables and the generic list. Its collection part, EntityCollection, also
 // serves the lists without queries (the element and simple key lists).
+// Ownership: a list holds shared references to its entities; the queries'
+// lists share them too. Thread: one thread at a time; the handlers of
+// DelegadoEvaluaElementoWhere run on the thread that asked.
 //
 // A list owns one private collection of entity references, one-based, in
 // insertion order, without keys; it holds references, not copies, so an

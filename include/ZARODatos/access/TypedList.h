@@ -7,6 +7,7 @@
 // fields all match (strings by text comparison, integers exactly, doubles
 // and dates as doubles exactly), or no object. No operation of the list
 // itself catches anything: the collection's errors pass through.
+// Ownership: shared references to its entities. Thread: one thread at a time.
 #pragma once
 
 #include <memory>

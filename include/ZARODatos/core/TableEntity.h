@@ -10,6 +10,10 @@
 //   Every operation but Nombre, Tabla and NumCampos raises again what fails
 //   inside it with a fixed source: "<tabla>Entidad", "<tabla>IEntidad_SetValor",
 //   "<tabla>IEntidad_SetValorIndice", " ent<tabla>" (CargarEntidad).
+// A table's description is built once, at its first Def(), and is immutable
+// after: Def() may be called from any thread. An entity is a plain value
+// object (shared through std::shared_ptr by the lists), used by one thread
+// at a time.
 #pragma once
 
 #include <cstdint>
