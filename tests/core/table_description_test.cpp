@@ -112,7 +112,7 @@ public:
     }
 };
 class colclave : public TypedList<colclave, entclave> {};
-class daclave : public TableAdapter<daclave, entclave, colclave> {
+class daclave : public TableAdapter<entclave, colclave> {
 public:
     EntityRef EntidadConDosValores() { return EntidadPorClave({Variant("a"), Variant("b")}, {}); }
     void BorrarSinValores() { BorrarPorClave({}, {}); }

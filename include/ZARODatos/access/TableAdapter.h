@@ -97,7 +97,7 @@ private:
     std::string selectSQL_;
 };
 
-template <class Self, class E, class L>
+template <class E, class L>
 class TableAdapter : public AdapterBase {
 public:
     using EntityRef = std::shared_ptr<E>;
