@@ -93,13 +93,17 @@ public:
     // A new list with the elements sorted by the field: a bubble sort of
     // exactly Count passes with no early exit, swapping only on strictly
     // less or greater, so ties keep their order in both directions.
+    // Each step carries on past a failure: a new list that cannot be made
+    // leaves no object, which is answered; places that cannot be made leave
+    // nothing to sort, and the new list stays empty.
     std::shared_ptr<Self> OrderBy(ByRef<std::string> Campo, ByRef<bool> Descendente = false) {
-        int32_t n = 0;
-        try { n = Count(); } catch (...) {}
-        std::vector<int32_t> slot(static_cast<size_t>(n) + 1);
-        for (int32_t i = 1; i <= n; ++i) slot[static_cast<size_t>(i)] = i;
         std::shared_ptr<Self> nueva;
         try { nueva = std::make_shared<Self>(); } catch (...) {}
+        int32_t n = 0;
+        try { n = Count(); } catch (...) {}
+        std::vector<int32_t> slot;
+        try { slot.resize(static_cast<size_t>(n) + 1); } catch (...) { n = 0; }
+        for (int32_t i = 1; i <= n; ++i) slot[static_cast<size_t>(i)] = i;
         EntityRef a, b;
         Variant va, vb;
         for (int32_t pasada = 1; pasada <= n; ++pasada) {
@@ -115,7 +119,7 @@ public:
                 } catch (...) {}
             }
         }
-        for (int32_t i = 1; i <= n; ++i) {
+        for (int32_t i = 1; nueva && i <= n; ++i) {
             try { nueva->Anexar(items_.Item(slot[static_cast<size_t>(i)])); } catch (...) {}
         }
         return nueva;
@@ -123,7 +127,9 @@ public:
 
     // A new list of the elements for which a handler of
     // DelegadoEvaluaElementoWhere answered true. The answer starts false once
-    // and is not reset between elements.
+    // and is not reset between elements. A new list that cannot be made
+    // leaves no object: every element is still offered to the handlers, and
+    // no object is answered.
     std::shared_ptr<Self> WhereDelegado(ByRef<std::string> idProceso) {
         std::shared_ptr<Self> nueva;
         try { nueva = std::make_shared<Self>(); } catch (...) {}
@@ -132,14 +138,15 @@ public:
             EntityRef elem = elemento;
             try { DelegadoEvaluaElementoWhere.Raise(*idProceso, elem, resultado); } catch (...) {}
             try {
-                if (resultado) nueva->Anexar(elemento);
+                if (resultado && nueva) nueva->Anexar(elemento);
             } catch (...) {}
         }
         return nueva;
     }
 
     // A new list of the elements whose field, in its default string form,
-    // equals Valor ignoring case. A null value never matches.
+    // equals Valor ignoring case. A null value never matches. A new list
+    // that cannot be made leaves no object, which is answered.
     std::shared_ptr<Self> Where(ByRef<std::string> Campo, ByRef<std::string> Valor) {
         std::shared_ptr<Self> nueva;
         try { nueva = std::make_shared<Self>(); } catch (...) {}
@@ -147,7 +154,8 @@ public:
         for (const EntityRef& elemento : items_) {
             try { v = detail::Elemento(elemento).GetValor(Campo); } catch (...) {}
             try {
-                if (!v.IsNull() && StrComp(CStr(v), *Valor, CompareMethod::Text) == 0) nueva->Anexar(elemento);
+                if (nueva && !v.IsNull() && StrComp(CStr(v), *Valor, CompareMethod::Text) == 0)
+                    nueva->Anexar(elemento);
             } catch (...) {}
         }
         return nueva;
