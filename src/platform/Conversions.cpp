@@ -11,10 +11,13 @@
 
 #include "ZARODatos/platform/Collection.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/Overloaded.h"
 #include "platform/ConversionsDetail.h"
 #include "platform/DateMath.h"
 
 namespace OVT_ZARO {
+
+using detail::Overloaded;
 
 namespace convdetail {
 
@@ -87,12 +90,6 @@ bool HasLetter(const std::string& f, char lower) {
     RaisePlatform(s == NumStatus::Overflow ? ErrNum::Overflow : ErrNum::TypeMismatch);
 }
 
-template <class... F>
-struct Overloaded : F... {
-    using F::operator()...;
-};
-template <class... F>
-Overloaded(F...) -> Overloaded<F...>;
 
 double RoundedInRange(double x, double lo, double hi) {
     const double r = RoundHalfEven(x);
