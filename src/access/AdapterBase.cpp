@@ -6,6 +6,8 @@
 
 namespace OVT_ZARO {
 
+using detail::LeerMiembro;
+
 namespace {
 const char kSinConexion[] = "No se ha establecido una conexi\xC3\xB3n";
 const char kSinConexionLectura[] = "No se ha establecido una conexin";

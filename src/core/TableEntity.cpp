@@ -147,6 +147,8 @@ void TablaDef::Completar() {
     FuenteUpdate = tabla + "Update";
 }
 
+namespace detail {
+
 Variant LeerMiembro(IEntidad& e, const CampoDef& c) {
     switch (c.Tipo) {
         case TipoCampo::Entero: return Variant(e.*c.Miembro.Entero);
@@ -342,4 +344,5 @@ std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const TablaDef& t, ByRef
 }
 
 }  // namespace EntidadOps
+}  // namespace detail
 }  // namespace OVT_ZARO

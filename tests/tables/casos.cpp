@@ -51,7 +51,7 @@ const CasoTabla& CasoDe(const std::string& tabla) {
 std::vector<std::string> CamposDistintos(const CasoTabla& caso, IEntidad& a, IEntidad& b) {
     std::vector<std::string> r;
     for (const CampoDef& c : caso.Def().Campos)
-        if (!(LeerMiembro(a, c) == LeerMiembro(b, c))) r.push_back(std::string(c.Nombre));
+        if (!(detail::LeerMiembro(a, c) == detail::LeerMiembro(b, c))) r.push_back(std::string(c.Nombre));
     return r;
 }
 

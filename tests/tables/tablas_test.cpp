@@ -290,8 +290,8 @@ TEST_P(Tablas, AddWithEveryArgumentFillsEveryFieldItTakes) {
             masAllaDeLaClave.emplace_back(c.Nombre);
     EXPECT_EQ(CamposDistintos(caso, *e, *caso.SoloClave()), masAllaDeLaClave);
     for (const std::string& n : esp.FueraDeAdd)
-        EXPECT_EQ(LeerMiembro(*e, caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]),
-                  LeerMiembro(*caso.NuevaEntidad(), caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]));
+        EXPECT_EQ(detail::LeerMiembro(*e, caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]),
+                  detail::LeerMiembro(*caso.NuevaEntidad(), caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]));
 }
 
 TEST_P(Tablas, AddWithTheRequiredArgumentsLeavesEveryOtherFieldAtZero) {

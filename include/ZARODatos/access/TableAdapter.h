@@ -156,7 +156,7 @@ public:
                 // Each cell goes to SetValorIndice of its index, as text.
                 RecorrerCeldas(linea, *SeparadorColumnas, [&](std::string_view celda) {
                     int16_t i = CInt(Variant(indice++));
-                    EntidadOps::SetValorIndiceTexto(*e, def_, i, celda);
+                    detail::EntidadOps::SetValorIndiceTexto(*e, def_, i, celda);
                 });
                 lista->AddEntidad(e);
             }

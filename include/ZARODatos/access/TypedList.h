@@ -51,7 +51,7 @@ protected:
         auto e = std::make_shared<E>();
         const TablaDef& t = E::Def();
         size_t i = 0;
-        (AsignarMiembro(*e, detail::CampoDeArgumento(t, t.PorArgumentoAdd, i++), valores), ...);
+        (detail::AsignarMiembro(*e, detail::CampoDeArgumento(t, t.PorArgumentoAdd, i++), valores), ...);
         this->Anexar(e);
         return e;
     }

@@ -105,6 +105,11 @@ struct TablaDef {
     [[noreturn]] void Rota(const std::string& problema) const;
 };
 
+// The library's own reach into an entity's typed members, for its templates
+// and adapters. Each requires an entity of the class the description was
+// built for: given another entity, a member access is undefined behaviour.
+// Hosts read and write fields through IEntidad (GetValor, SetValor ...).
+namespace detail {
 // Reads and writes the typed member of a field.
 Variant LeerMiembro(IEntidad& e, const CampoDef& c);
 void AsignarMiembro(IEntidad& e, const CampoDef& c, int32_t v);
@@ -127,25 +132,26 @@ void SetValorIndiceTexto(IEntidad& e, const TablaDef& t, int16_t indice, std::st
 void CargarEntidad(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro);
 std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const TablaDef& t, ByRef<std::string> NombreElementoXML);
 }  // namespace EntidadOps
+}  // namespace detail
 
 // The base of every table entity class E; E gives `static const TablaDef& Def()`.
 template <class E>
 class TableEntity : public IEntidad {
 public:
-    Variant GetValor(ByRef<std::string> Campo) override { return EntidadOps::GetValor(*this, E::Def(), Campo); }
+    Variant GetValor(ByRef<std::string> Campo) override { return detail::EntidadOps::GetValor(*this, E::Def(), Campo); }
     Variant GetValorIndice(ByRef<int16_t> IndiceCampo) override {
-        return EntidadOps::GetValorIndice(*this, E::Def(), *IndiceCampo);
+        return detail::EntidadOps::GetValorIndice(*this, E::Def(), *IndiceCampo);
     }
     int32_t NumCampos() override { return E::Def().NumCampos; }
     std::string GetNombreCampo(ByRef<int16_t> IndiceCampo) override {
-        return EntidadOps::GetNombreCampo(E::Def(), *IndiceCampo);
+        return detail::EntidadOps::GetNombreCampo(E::Def(), *IndiceCampo);
     }
-    void CargarEntidad(ADODB::Fields& Registro) override { EntidadOps::CargarEntidad(*this, E::Def(), Registro); }
+    void CargarEntidad(ADODB::Fields& Registro) override { detail::EntidadOps::CargarEntidad(*this, E::Def(), Registro); }
     void SetValor(ByRef<std::string> Campo, ByRef<Variant> Valor) override {
-        EntidadOps::SetValor(*this, E::Def(), Campo, *Valor);
+        detail::EntidadOps::SetValor(*this, E::Def(), Campo, *Valor);
     }
     void SetValorIndice(ByRef<int16_t> IndiceCampo, ByRef<Variant> Valor) override {
-        EntidadOps::SetValorIndice(*this, E::Def(), *IndiceCampo, *Valor);
+        detail::EntidadOps::SetValorIndice(*this, E::Def(), *IndiceCampo, *Valor);
     }
     std::string Nombre() override { return std::string(E::Def().Tabla); }
     std::string Tabla() override { return std::string(E::Def().Tabla); }
@@ -154,7 +160,7 @@ public:
     // The entity as an XML element named NombreElementoXML, or the table
     // name when that is empty (written back to the argument).
     std::shared_ptr<XML::IXMLDOMElement> ToXML(ByRef<std::string> NombreElementoXML = {}) {
-        return EntidadOps::ToXML(*this, E::Def(), NombreElementoXML);
+        return detail::EntidadOps::ToXML(*this, E::Def(), NombreElementoXML);
     }
 };
 
