@@ -2,8 +2,6 @@
 // effect in every conversion. Each test puts the locale back when it ends.
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <thread>
 
 #include "PlatformTestSupport.h"
 #include "ZARODatos/platform/Conversions.h"
@@ -111,33 +109,3 @@ TEST(HostLocale, TheGuardRestoresTheDefault) {
     EXPECT_EQ(CStr(0.5), "0,5");
     EXPECT_EQ(HostLocale::Current().ShortDate, "dd/mm/yyyy");
 }
-
-namespace {
-
-// A host sets the locale while another thread converts: each conversion
-// reads one whole snapshot, so every text is one of the two locales' forms.
-TEST(HostLocaleThreads, SettingTheLocaleWhileAnotherThreadConvertsGivesOneWholeLocalePerConversion) {
-    const OVT_ZARO::HostLocale antes = OVT_ZARO::HostLocale::Current();
-    OVT_ZARO::HostLocale punto;
-    punto.DecimalSeparator = '.';
-    punto.GroupSeparator = ',';
-    std::atomic<bool> fin{false};
-    std::atomic<int> malas{0}, hechas{0};
-    std::thread lector([&] {
-        while (!fin.load()) {
-            const std::string t = OVT_ZARO::CStr(OVT_ZARO::Variant(1234.5));
-            if (t != "1234,5" && t != "1234.5") ++malas;
-            const double d = OVT_ZARO::CDbl(OVT_ZARO::Variant(std::string("2,5")));
-            if (d != 2.5 && d != 25) ++malas;
-            ++hechas;
-        }
-    });
-    for (int i = 0; i < 2000; ++i) OVT_ZARO::HostLocale::Set(i % 2 ? antes : punto);
-    while (hechas.load() < 1000) std::this_thread::yield();
-    fin = true;
-    lector.join();
-    OVT_ZARO::HostLocale::Set(antes);
-    EXPECT_EQ(malas.load(), 0);
-}
-
-}  // namespace
