@@ -211,6 +211,22 @@ TEST_F(Cluster, InitConvertsTheTenTablesToInnoDBAndTheRowsOfATableThatHoldsThemR
     EXPECT_THAT(again.out, ::testing::ContainsRegex("articulo +kept, holds 3 rows\n"));
 }
 
+// demo makes the tables as init does, and records the day on every node.
+TEST_F(Cluster, DemoOnAClusterConvertsTheTablesAndRecordsTheDayOnEveryNode) {
+    zaro_test::DropAllTables(Node(0, true));
+    const auto demo = Zaro({"--connect", List({1, 2, 0}), "demo", "--out", "out"});
+    ASSERT_EQ(demo.status, 0) << Explain(demo);
+    EXPECT_THAT(demo.out, HasSubstr("zaro demo on the server " + cluster->Address(1) + " of --connect\n"));
+    EXPECT_THAT(demo.out, HasSubstr("\n  converted to InnoDB for the cluster: _definicion_campos, articulo, fin_dia, "
+                                    "inicio_dia, resumen_diario, resumen_diario_detalle, ticket, ticket_articulo, "
+                                    "ticket_impuesto, ticket_pago\n"));
+    EXPECT_THAT(demo.out, HasSubstr("Trading day 14/03/2026: 45 tickets, gross 627,45 after returns"));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(One(i, "select count(*) from ticket"), Variant(int64_t{45})) << "node " << i + 1;
+        EXPECT_EQ(One(i, "select count(*) from ticket_articulo"), Variant(int64_t{105})) << "node " << i + 1;
+    }
+}
+
 // Round r: the list starts at node r, the import runs on it, and node r is
 // killed once a random number of rows is in.
 class ClusterKill : public Cluster, public ::testing::WithParamInterface<int> {};
@@ -274,6 +290,8 @@ TEST_P(ClusterKill, AnImportGoesOnThroughTheNextNodeWhenTheNodeItIsOnIsKilled) {
     ASSERT_TRUE(std::regex_search(run.out, m, went)) << Explain(run);
     const int next = cluster->NodeOfPort(std::stoi(m[2]));
     EXPECT_EQ(next, order[1]);
+    EXPECT_THAT(run.err, HasSubstr("[connection] import of round.txt, line " + std::string(m[1]) + ": " +
+                                   cluster->Address(on) + " was lost ("));
     EXPECT_THAT(run.err, HasSubstr("[connection] on " + cluster->Address(order[1]) + " at the end\n"));
     std::printf("round %d: node %d killed at %d rows in (%.1f s into the import), line %s: %s; the first row "
                 "saved on node %d %.2f s after the kill; the import took %.1f s\n",
