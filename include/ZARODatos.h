@@ -6,8 +6,9 @@
 //              headless kit, the user driver) and the picture strip Form1.
 //   Core       IEntidad, IListaEntidades, IDataAdapter, BasTroquel, the
 //              library's version.
-//   Access     the adapter and typed-list templates, DataAdapters.
-//   Tables     ent/col/da of the ten tables.
+//   Access     the adapter and typed-list templates.
+//   Tables     ent/col/da of the ten tables, their one list (LasTablas) and
+//              the registry DataAdapters.
 //   Generic    entElemento, entidadGenerica, entEntidadSimple and their lists.
 //   Binding    Columna, coleccionColumnas, ControlListHelper and
 //              ControlListDefinition: lists loaded into list boxes, grids and
@@ -35,11 +36,11 @@
 #include "ZARODatos/core/TableEntity.h"
 #include "ZARODatos/core/Version.h"
 
-#include "ZARODatos/access/DataAdapters.h"
 #include "ZARODatos/access/EntityList.h"
 #include "ZARODatos/access/TableAdapter.h"
 #include "ZARODatos/access/TypedList.h"
 
+#include "ZARODatos/tables/DataAdapters.h"
 #include "ZARODatos/tables/Tables.h"
 
 #include "ZARODatos/generic/Elementos.h"

@@ -23,13 +23,16 @@ if ((${#zaro_missing[@]})); then
   $SUDO apt-get install -y -qq --no-install-recommends "${zaro_missing[@]}" >/dev/null
 fi
 
-# Configures and builds one build folder: zaro_build DIR [cmake options...]
+# Configures and builds one build folder: zaro_build DIR [cmake options...];
+# ZARO_TARGET=name builds that target alone.
 zaro_build() {
   local dir="$1"; shift
   if [ ! -f "$dir/CMakeCache.txt" ]; then
     cmake -S . -B "$dir" "$@" >/dev/null
   fi
-  if ! cmake --build "$dir" -j"$(nproc)" >"$dir/build.log" 2>&1; then
+  local target=()
+  [ -z "${ZARO_TARGET:-}" ] || target=(--target "$ZARO_TARGET")
+  if ! cmake --build "$dir" -j"$(nproc)" "${target[@]}" >"$dir/build.log" 2>&1; then
     cat "$dir/build.log"
     echo "Build failed in $dir" >&2
     return 1

@@ -310,16 +310,16 @@ protected:
     void Prepare() override;
 
 private:
-    struct Tipo {
+    struct CellFormat {
         int32_t type = CellTypeEdit, hAlign = 0, decimals = 2;
         bool separator = false;
     };
-    Tipo& Addressed();
-    void Show(int32_t col, int32_t row);
+    CellFormat& Addressed();
+    void Display(int32_t col, int32_t row);
     void Check(int32_t col, int32_t row) const;
     int32_t maxRows_ = 0, maxCols_ = 0, row_ = 1, col_ = 1, activeRow_ = 1, activeCol_ = 1;
-    std::vector<std::vector<Tipo>> tipos_;
-    std::vector<std::vector<Variant>> valores_;
+    std::vector<std::vector<CellFormat>> formats_;
+    std::vector<std::vector<Variant>> values_;
     std::vector<double> colWidth_;
 };
 

@@ -22,8 +22,8 @@ public:
 
 private:
     QtControl& control_;
-    bool reenviando_ = false;     // a key sent again with a changed character
-    bool trasDobleClic_ = false;  // the release that ends a double click gives no Click
+    bool resending_ = false;     // a key sent again with a changed character
+    bool afterDoubleClick_ = false;  // the release that ends a double click gives no Click
 };
 
 // The platform's key code of a Qt key event (13 Enter, 27 Escape, 37..40
@@ -42,6 +42,6 @@ inline QString Q(const std::string& s) { return QString::fromStdString(s); }
 inline std::string S(const QString& s) { return s.toStdString(); }
 
 // Raises 91 when the control's widget has gone with its form.
-QWidget& Vivo(QWidget* w, const QtControl& c);
+QWidget& Alive(QWidget* w, const QtControl& c);
 
 }  // namespace OVT_ZARO::QtKit

@@ -13,7 +13,7 @@
 
 namespace OVT_ZARO::QtKit {
 
-QWidget& Vivo(QWidget* w, const QtControl& c) {
+QWidget& Alive(QWidget* w, const QtControl& c) {
     if (!w) throw Error(ErrNum::ObjectNotSet, c.TypeName(), "The control's widget has gone with its form");
     return *w;
 }
@@ -105,11 +105,11 @@ bool EventBridge::eventFilter(QObject* watched, QEvent* event) {
             c.LostFocus.Raise();
             return false;
         case QEvent::KeyPress: {
-            if (reenviando_) return false;
+            if (resending_) return false;
             auto* e = static_cast<QKeyEvent*>(event);
-            int16_t codigo = VbKeyCode(*e), shift = VbShift(e->modifiers());
-            c.KeyDown.Raise(codigo, shift);
-            const bool propio = c.OnKeyDown(codigo, shift);
+            int16_t code = VbKeyCode(*e), shift = VbShift(e->modifiers());
+            c.KeyDown.Raise(code, shift);
+            const bool handled = c.OnKeyDown(code, shift);
             const int16_t original = VbKeyAscii(*e);
             if (original != 0) {
                 int16_t ascii = original;
@@ -117,22 +117,22 @@ bool EventBridge::eventFilter(QObject* watched, QEvent* event) {
                 if (c.SwallowsCharacters() || ascii == 0) return true;
                 if (ascii != original) {
                     // The character a handler put in its place reaches the widget instead.
-                    const QString texto(QChar(static_cast<char16_t>(static_cast<uint16_t>(ascii))));
-                    QKeyEvent otra(QEvent::KeyPress, QtKeyOf(UserDriver::KeystrokeOf(static_cast<uint16_t>(ascii)).keyCode),
-                                   e->modifiers(), texto);
-                    reenviando_ = true;
-                    QCoreApplication::sendEvent(watched, &otra);
-                    reenviando_ = false;
+                    const QString text(QChar(static_cast<char16_t>(static_cast<uint16_t>(ascii))));
+                    QKeyEvent changed(QEvent::KeyPress, QtKeyOf(UserDriver::KeystrokeOf(static_cast<uint16_t>(ascii)).keyCode),
+                                   e->modifiers(), text);
+                    resending_ = true;
+                    QCoreApplication::sendEvent(watched, &changed);
+                    resending_ = false;
                     return true;
                 }
             }
-            return propio;
+            return handled;
         }
         case QEvent::KeyRelease: {
             auto* e = static_cast<QKeyEvent*>(event);
             if (e->isAutoRepeat()) return c.SwallowsCharacters();
-            int16_t codigo = VbKeyCode(*e), shift = VbShift(e->modifiers());
-            c.KeyUp.Raise(codigo, shift);
+            int16_t code = VbKeyCode(*e), shift = VbShift(e->modifiers());
+            c.KeyUp.Raise(code, shift);
             return c.SwallowsCharacters();
         }
         case QEvent::MouseButtonPress:
@@ -140,22 +140,22 @@ bool EventBridge::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonDblClick: {
             auto* e = static_cast<QMouseEvent*>(event);
             if (e->button() != Qt::LeftButton) return c.SwallowsMouse();
-            QWidget& w = Vivo(c.Widget(), c);
-            const QPoint enControl = static_cast<QWidget*>(watched)->mapTo(&w, e->position().toPoint());
-            int16_t boton = vbLeftButton, shift = VbShift(e->modifiers());
-            float x = static_cast<float>(c.TwipsX(enControl.x())), y = static_cast<float>(c.TwipsY(enControl.y()));
+            QWidget& w = Alive(c.Widget(), c);
+            const QPoint inControl = static_cast<QWidget*>(watched)->mapTo(&w, e->position().toPoint());
+            int16_t button = vbLeftButton, shift = VbShift(e->modifiers());
+            float x = static_cast<float>(c.TwipsX(inControl.x())), y = static_cast<float>(c.TwipsY(inControl.y()));
             if (event->type() == QEvent::MouseButtonPress) {
-                trasDobleClic_ = false;
-                c.MouseDown.Raise(boton, shift, x, y);
-                const QPoint enFuente = e->position().toPoint();
-                c.OnMouseDown(enFuente.x(), enFuente.y());
+                afterDoubleClick_ = false;
+                c.MouseDown.Raise(button, shift, x, y);
+                const QPoint inSource = e->position().toPoint();
+                c.OnMouseDown(inSource.x(), inSource.y());
             } else if (event->type() == QEvent::MouseButtonDblClick) {
-                trasDobleClic_ = true;
+                afterDoubleClick_ = true;
                 c.DblClick.Raise();
             } else {
-                c.MouseUp.Raise(boton, shift, x, y);
-                if (!trasDobleClic_) c.Click.Raise();
-                trasDobleClic_ = false;
+                c.MouseUp.Raise(button, shift, x, y);
+                if (!afterDoubleClick_) c.Click.Raise();
+                afterDoubleClick_ = false;
             }
             return c.SwallowsMouse();
         }
@@ -186,53 +186,53 @@ void QtControl::Adopt(QWidget* widget, const std::string& name, const std::share
 std::vector<QWidget*> QtControl::EventSources() { return {widget_}; }
 
 ControlRef QtControl::GetParent() { return form_.lock(); }
-bool QtControl::GetVisible() { return !Vivo(widget_, *this).isHidden(); }
+bool QtControl::GetVisible() { return !Alive(widget_, *this).isHidden(); }
 
 void QtControl::SetVisible(bool visible) {
-    QWidget& w = Vivo(widget_, *this);
+    QWidget& w = Alive(widget_, *this);
     if (visible) w.raise();  // an overlay lies over the grid it edits
     w.setVisible(visible);
 }
 
 int32_t QtControl::PxX(int32_t twips) const {
-    return static_cast<int32_t>(std::lround(twips * Vivo(widget_, *this).logicalDpiX() / double(TwipsPerInch)));
+    return static_cast<int32_t>(std::lround(twips * Alive(widget_, *this).logicalDpiX() / double(TwipsPerInch)));
 }
 int32_t QtControl::PxY(int32_t twips) const {
-    return static_cast<int32_t>(std::lround(twips * Vivo(widget_, *this).logicalDpiY() / double(TwipsPerInch)));
+    return static_cast<int32_t>(std::lround(twips * Alive(widget_, *this).logicalDpiY() / double(TwipsPerInch)));
 }
 int32_t QtControl::TwipsX(int32_t px) const {
-    return static_cast<int32_t>(std::lround(px * double(TwipsPerInch) / Vivo(widget_, *this).logicalDpiX()));
+    return static_cast<int32_t>(std::lround(px * double(TwipsPerInch) / Alive(widget_, *this).logicalDpiX()));
 }
 int32_t QtControl::TwipsY(int32_t px) const {
-    return static_cast<int32_t>(std::lround(px * double(TwipsPerInch) / Vivo(widget_, *this).logicalDpiY()));
+    return static_cast<int32_t>(std::lround(px * double(TwipsPerInch) / Alive(widget_, *this).logicalDpiY()));
 }
 
-int32_t QtControl::GetLeft() { return TwipsX(Vivo(widget_, *this).x()); }
-void QtControl::SetLeft(int32_t v) { Vivo(widget_, *this).move(PxX(v), widget_->y()); }
-int32_t QtControl::GetTop() { return TwipsY(Vivo(widget_, *this).y()); }
-void QtControl::SetTop(int32_t v) { Vivo(widget_, *this).move(widget_->x(), PxY(v)); }
-int32_t QtControl::GetWidth() { return TwipsX(Vivo(widget_, *this).width()); }
-void QtControl::SetWidth(int32_t v) { Vivo(widget_, *this).resize(std::max(0, PxX(v)), widget_->height()); }
-int32_t QtControl::GetHeight() { return TwipsY(Vivo(widget_, *this).height()); }
-void QtControl::SetHeight(int32_t v) { Vivo(widget_, *this).resize(widget_->width(), std::max(0, PxY(v))); }
+int32_t QtControl::GetLeft() { return TwipsX(Alive(widget_, *this).x()); }
+void QtControl::SetLeft(int32_t v) { Alive(widget_, *this).move(PxX(v), widget_->y()); }
+int32_t QtControl::GetTop() { return TwipsY(Alive(widget_, *this).y()); }
+void QtControl::SetTop(int32_t v) { Alive(widget_, *this).move(widget_->x(), PxY(v)); }
+int32_t QtControl::GetWidth() { return TwipsX(Alive(widget_, *this).width()); }
+void QtControl::SetWidth(int32_t v) { Alive(widget_, *this).resize(std::max(0, PxX(v)), widget_->height()); }
+int32_t QtControl::GetHeight() { return TwipsY(Alive(widget_, *this).height()); }
+void QtControl::SetHeight(int32_t v) { Alive(widget_, *this).resize(widget_->width(), std::max(0, PxY(v))); }
 
 void QtControl::SetFocus() {
-    QWidget& w = Vivo(widget_, *this);
+    QWidget& w = Alive(widget_, *this);
     if (w.isHidden()) RaisePlatform(ErrNum::InvalidCall, TypeName() + ".SetFocus");
     w.setFocus(Qt::OtherFocusReason);
 }
 
-double QtControl::GetFontSize() { return Vivo(widget_, *this).font().pointSizeF(); }
+double QtControl::GetFontSize() { return Alive(widget_, *this).font().pointSizeF(); }
 
 void QtControl::SetFontSize(double v) {
-    QFont f = Vivo(widget_, *this).font();
+    QFont f = Alive(widget_, *this).font();
     if (v > 0) f.setPointSizeF(v);
     widget_->setFont(f);
 }
 
-bool QtControl::GetTabStop() { return (Vivo(widget_, *this).focusPolicy() & Qt::TabFocus) != 0; }
+bool QtControl::GetTabStop() { return (Alive(widget_, *this).focusPolicy() & Qt::TabFocus) != 0; }
 
-void QtControl::SetTabStop(bool v) { Vivo(widget_, *this).setFocusPolicy(v ? Qt::StrongFocus : Qt::ClickFocus); }
+void QtControl::SetTabStop(bool v) { Alive(widget_, *this).setFocusPolicy(v ? Qt::StrongFocus : Qt::ClickFocus); }
 
 // ---- The form ----------------------------------------------------------------------------
 
@@ -282,10 +282,10 @@ void Form::Unload() {
 
 void Form::Show() {
     if (!widget_) return;
-    QWidget* ventana = widget_->window();
-    ventana->show();
-    ventana->activateWindow();
-    QApplication::setActiveWindow(ventana);
+    QWidget* window = widget_->window();
+    window->show();
+    window->activateWindow();
+    QApplication::setActiveWindow(window);
     QCoreApplication::processEvents();
 }
 
@@ -294,21 +294,21 @@ bool Form::GetVisible() { return widget_ && widget_->isVisible(); }
 // ---- Screen services -------------------------------------------------------------------
 
 void QtScreen::SetMousePointer(int shape) {
-    const bool antes = GetMousePointer() == vbHourglass;
+    const bool before = GetMousePointer() == vbHourglass;
     ScreenServices::SetMousePointer(shape);
-    const bool ahora = shape == vbHourglass;
-    if (ahora && !antes) QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-    if (!ahora && antes) QApplication::restoreOverrideCursor();
+    const bool now = shape == vbHourglass;
+    if (now && !before) QApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    if (!now && before) QApplication::restoreOverrideCursor();
 }
 
 void QtScreen::DoEvents() {
     ScreenServices::DoEvents();
     // Qt's pending events, at most every 20 ms: a load yields after every row,
     // and the screen repaints as often as a person can see it, not per row.
-    static QElapsedTimer desde;
-    if (!desde.isValid() || desde.elapsed() >= 20) {
+    static QElapsedTimer since;
+    if (!since.isValid() || since.elapsed() >= 20) {
         QCoreApplication::processEvents();
-        desde.restart();
+        since.restart();
     }
 }
 

@@ -63,11 +63,11 @@ public:
         if (r >= rows_ || c >= cols_) return;
         const Cell& cell = cells_[static_cast<size_t>(r) * cols_ + c];
         const QRect rect = option.rect;
-        const bool fija = r == 0 || c == 0;
-        QColor fondo = cell.backColor != 0 ? ColorOf(cell.backColor)
-                                            : (fija ? QColor(0xE4, 0xE4, 0xE4) : ColorOf(grid_.backColor_));
-        p->fillRect(rect, fondo);
-        if (fija) {
+        const bool fixed = r == 0 || c == 0;
+        QColor background = cell.backColor != 0 ? ColorOf(cell.backColor)
+                                            : (fixed ? QColor(0xE4, 0xE4, 0xE4) : ColorOf(grid_.backColor_));
+        p->fillRect(rect, background);
+        if (fixed) {
             p->setPen(QColor(0xA0, 0xA0, 0xA0));
             p->drawLine(rect.bottomLeft(), rect.bottomRight());
             p->drawLine(rect.topRight(), rect.bottomRight());
@@ -75,21 +75,21 @@ public:
         const QRect interior = rect.adjusted(3, 1, -3, -1);
         if (cell.picture) {
             const QPixmap& pm = PixmapOf(cell.picture);
-            const QRect zona = QStyle::alignedRect(Qt::LeftToRight, AlignmentOf(cell.pictureAlignment), pm.size(), interior);
-            p->drawPixmap(zona.topLeft(), pm);
+            const QRect area = QStyle::alignedRect(Qt::LeftToRight, AlignmentOf(cell.pictureAlignment), pm.size(), interior);
+            p->drawPixmap(area.topLeft(), pm);
         }
-        const QString texto = index.data(Qt::DisplayRole).toString();
-        if (!texto.isEmpty()) {
+        const QString text = index.data(Qt::DisplayRole).toString();
+        if (!text.isEmpty()) {
             int32_t a = cell.alignment;
             if (a == flexAlignGeneral) a = grid_.colAlignment_[static_cast<size_t>(c)];
-            Qt::Alignment al = AlignmentOf(a);
+            Qt::Alignment align = AlignmentOf(a);
             if (a == flexAlignGeneral) {
                 // General: numbers to the right, text to the left.
-                al = (IsNumericText(S(texto)) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+                align = (IsNumericText(S(text)) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
             }
             p->setPen(cell.foreColor != 0 ? ColorOf(cell.foreColor) : QColor(Qt::black));
             p->setFont(option.font);
-            p->drawText(interior, static_cast<int>(al), texto);
+            p->drawText(interior, static_cast<int>(align), text);
         }
         if (grid_.highLight_ != 0 && r == grid_.row_ && c == grid_.col_) {
             QPen pen(QColor(0x40, 0x40, 0x40));
@@ -106,7 +106,7 @@ private:
 };
 
 namespace {
-GridDelegate& Delegado(QTableWidget* t) { return *static_cast<GridDelegate*>(t->itemDelegate()); }
+GridDelegate& DelegateOf(QTableWidget* t) { return *static_cast<GridDelegate*>(t->itemDelegate()); }
 }  // namespace
 
 QWidget* MSFlexGrid::MakeWidget(QWidget* parent) {
@@ -127,7 +127,7 @@ QWidget* MSFlexGrid::MakeWidget(QWidget* parent) {
 
 std::vector<QWidget*> MSFlexGrid::EventSources() { return {widget_, Table()->viewport()}; }
 
-QTableWidget* MSFlexGrid::Table() const { return static_cast<QTableWidget*>(&Vivo(widget_, *this)); }
+QTableWidget* MSFlexGrid::Table() const { return static_cast<QTableWidget*>(&Alive(widget_, *this)); }
 
 void MSFlexGrid::Repaint() { Table()->viewport()->update(); }
 
@@ -136,7 +136,7 @@ void MSFlexGrid::SetRows(int32_t rows) {
     QTableWidget* t = Table();
     if (rows_ == rows && t->rowCount() == rows) return;
     t->setRowCount(rows);
-    Delegado(t).Resize(rows, cols_);
+    DelegateOf(t).Resize(rows, cols_);
     rowHeight_.resize(static_cast<size_t>(rows), DefaultRowHeight);
     for (int32_t r = 0; r < rows; ++r) t->setRowHeight(r, PxY(rowHeight_[static_cast<size_t>(r)]));
     rows_ = rows;
@@ -148,7 +148,7 @@ void MSFlexGrid::SetCols(int32_t cols) {
     QTableWidget* t = Table();
     if (cols_ == cols && t->columnCount() == cols) return;
     t->setColumnCount(cols);
-    Delegado(t).Resize(rows_, cols);
+    DelegateOf(t).Resize(rows_, cols);
     colWidth_.resize(static_cast<size_t>(cols), DefaultColWidth);
     colAlignment_.resize(static_cast<size_t>(cols), flexAlignGeneral);
     for (int32_t c = 0; c < cols; ++c) t->setColumnWidth(c, PxX(colWidth_[static_cast<size_t>(c)]));
@@ -191,7 +191,7 @@ void MSFlexGrid::CheckCell(int32_t row, int32_t col, const char* member) const {
 void MSFlexGrid::Clear() {
     QTableWidget* t = Table();
     t->clearContents();
-    Delegado(t).Clear();
+    DelegateOf(t).Clear();
     Repaint();
 }
 
@@ -235,33 +235,33 @@ void MSFlexGrid::SetColAlignment(int32_t col, int32_t alignment) {
     Repaint();
 }
 
-#define ZARO_CELDA(Miembro, campo)                                                   \
-    int32_t MSFlexGrid::Get##Miembro() {                                             \
-        CheckCell(row_, col_, #Miembro);                                              \
-        return Delegado(Table()).At(row_, col_).campo;                               \
+#define ZARO_CELL_MEMBER(Member, field)                                                   \
+    int32_t MSFlexGrid::Get##Member() {                                             \
+        CheckCell(row_, col_, #Member);                                              \
+        return DelegateOf(Table()).At(row_, col_).field;                               \
     }                                                                                \
-    void MSFlexGrid::Set##Miembro(int32_t v) {                                       \
-        CheckCell(row_, col_, #Miembro);                                              \
-        Delegado(Table()).At(row_, col_).campo = v;                                  \
+    void MSFlexGrid::Set##Member(int32_t v) {                                       \
+        CheckCell(row_, col_, #Member);                                              \
+        DelegateOf(Table()).At(row_, col_).field = v;                                  \
         Repaint();                                                                   \
     }
-ZARO_CELDA(CellAlignment, alignment)
-ZARO_CELDA(CellPictureAlignment, pictureAlignment)
-ZARO_CELDA(CellBackColor, backColor)
-ZARO_CELDA(CellForeColor, foreColor)
-#undef ZARO_CELDA
+ZARO_CELL_MEMBER(CellAlignment, alignment)
+ZARO_CELL_MEMBER(CellPictureAlignment, pictureAlignment)
+ZARO_CELL_MEMBER(CellBackColor, backColor)
+ZARO_CELL_MEMBER(CellForeColor, foreColor)
+#undef ZARO_CELL_MEMBER
 
 PictureRef MSFlexGrid::GetCellPicture() { return PictureAt(row_, col_); }
 
 void MSFlexGrid::SetCellPicture(const PictureRef& p) {
     CheckCell(row_, col_, "CellPicture");
-    Delegado(Table()).At(row_, col_).picture = p;
+    DelegateOf(Table()).At(row_, col_).picture = p;
     Repaint();
 }
 
 PictureRef MSFlexGrid::PictureAt(int32_t row, int32_t col) {
     CheckCell(row, col, "CellPicture");
-    return Delegado(Table()).At(row, col).picture;
+    return DelegateOf(Table()).At(row, col).picture;
 }
 
 void MSFlexGrid::SetBackColor(int32_t c) {

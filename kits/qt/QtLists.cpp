@@ -24,7 +24,7 @@ QWidget* ListBox::MakeWidget(QWidget* parent) {
 
 std::vector<QWidget*> ListBox::EventSources() { return {widget_, List()->viewport()}; }
 
-QListWidget* ListBox::List() const { return static_cast<QListWidget*>(&Vivo(widget_, *this)); }
+QListWidget* ListBox::List() const { return static_cast<QListWidget*>(&Alive(widget_, *this)); }
 
 void ListBox::Clear() {
     List()->clear();
@@ -127,7 +127,7 @@ QWidget* ComboBox::MakeWidget(QWidget* parent) {
     return c;
 }
 
-QComboBox* ComboBox::Combo() const { return static_cast<QComboBox*>(&Vivo(widget_, *this)); }
+QComboBox* ComboBox::Combo() const { return static_cast<QComboBox*>(&Alive(widget_, *this)); }
 
 void ComboBox::Clear() {
     Combo()->clear();
@@ -141,12 +141,12 @@ void ComboBox::AddItem(const std::string& item, int32_t Index) {
     QComboBox* c = Combo();
     if (Index < 0) Index = c->count();
     if (Index > c->count()) RaisePlatform(ErrNum::InvalidCall, TypeName() + ".AddItem");
-    const QString texto = c->currentText();
-    const bool nada = c->currentIndex() < 0;
+    const QString text = c->currentText();
+    const bool none = c->currentIndex() < 0;
     c->insertItem(Index, Q(item), 0);
-    if (nada) {
+    if (none) {
         c->setCurrentIndex(-1);
-        c->setEditText(texto);
+        c->setEditText(text);
     }
     newIndex_ = Index;
 }

@@ -14,7 +14,7 @@
 namespace OVT_ZARO::QtKit {
 
 namespace {
-constexpr double kAnchoPorDefecto = 9.0;  // characters
+constexpr double kDefaultWidth = 9.0;  // characters
 }
 
 QWidget* fpSpread::MakeWidget(QWidget* parent) {
@@ -35,16 +35,16 @@ void fpSpread::Prepare() {
 
 std::vector<QWidget*> fpSpread::EventSources() { return {widget_, Table()->viewport()}; }
 
-QTableWidget* fpSpread::Table() const { return static_cast<QTableWidget*>(&Vivo(widget_, *this)); }
+QTableWidget* fpSpread::Table() const { return static_cast<QTableWidget*>(&Alive(widget_, *this)); }
 
 void fpSpread::SetMaxRows(int32_t rows) {
     if (rows < 0) RaisePlatform(ErrNum::InvalidPropertyValue, TypeName() + ".MaxRows");
     if (rows == maxRows_) return;
-    tipos_.resize(static_cast<size_t>(rows + 1), std::vector<Tipo>(static_cast<size_t>(std::max(maxCols_, 0) + 1)));
-    valores_.resize(static_cast<size_t>(rows + 1), std::vector<Variant>(static_cast<size_t>(std::max(maxCols_, 0) + 1)));
-    const int32_t antes = Table()->rowCount();
+    formats_.resize(static_cast<size_t>(rows + 1), std::vector<CellFormat>(static_cast<size_t>(std::max(maxCols_, 0) + 1)));
+    values_.resize(static_cast<size_t>(rows + 1), std::vector<Variant>(static_cast<size_t>(std::max(maxCols_, 0) + 1)));
+    const int32_t before = Table()->rowCount();
     Table()->setRowCount(rows + 1);
-    for (int32_t r = antes; r <= rows; ++r) {
+    for (int32_t r = before; r <= rows; ++r) {
         Table()->setRowHeight(r, PxY(285));
         if (r > 0) Table()->setItem(r, 0, new QTableWidgetItem(QString::number(r)));
     }
@@ -55,12 +55,12 @@ void fpSpread::SetMaxRows(int32_t rows) {
 void fpSpread::SetMaxCols(int32_t cols) {
     if (cols < 0) RaisePlatform(ErrNum::InvalidPropertyValue, TypeName() + ".MaxCols");
     if (cols == maxCols_) return;
-    for (auto& fila : tipos_) fila.resize(static_cast<size_t>(cols + 1));
-    for (auto& fila : valores_) fila.resize(static_cast<size_t>(cols + 1));
-    colWidth_.resize(static_cast<size_t>(cols + 1), kAnchoPorDefecto);
-    const int32_t antes = Table()->columnCount();
+    for (auto& row : formats_) row.resize(static_cast<size_t>(cols + 1));
+    for (auto& row : values_) row.resize(static_cast<size_t>(cols + 1));
+    colWidth_.resize(static_cast<size_t>(cols + 1), kDefaultWidth);
+    const int32_t before = Table()->columnCount();
     Table()->setColumnCount(cols + 1);
-    for (int32_t c = antes; c <= cols; ++c) SetColWidth(c, colWidth_[static_cast<size_t>(c)]);
+    for (int32_t c = before; c <= cols; ++c) SetColWidth(c, colWidth_[static_cast<size_t>(c)]);
     maxCols_ = cols;
     activeCol_ = std::min(activeCol_, std::max(maxCols_, 1));
 }
@@ -70,9 +70,9 @@ void fpSpread::Check(int32_t col, int32_t row) const {
         RaisePlatform(ErrNum::InvalidPropertyIndex, TypeName() + ".Cell");
 }
 
-fpSpread::Tipo& fpSpread::Addressed() {
+fpSpread::CellFormat& fpSpread::Addressed() {
     Check(col_, row_);
-    return tipos_[static_cast<size_t>(row_)][static_cast<size_t>(col_)];
+    return formats_[static_cast<size_t>(row_)][static_cast<size_t>(col_)];
 }
 
 double fpSpread::GetColWidth(int32_t col) {
@@ -90,40 +90,40 @@ void fpSpread::SetColWidth(int32_t col, double width) {
     Table()->setColumnWidth(col, width == 0 ? 0 : px);
 }
 
-#define ZARO_TIPO(Miembro, campo, T)                                     \
-    T fpSpread::Get##Miembro() { return Addressed().campo; }             \
-    void fpSpread::Set##Miembro(T v) {                                   \
-        Addressed().campo = v;                                           \
-        Show(col_, row_);                                                \
+#define ZARO_TYPE_MEMBER(Member, field, T)                                     \
+    T fpSpread::Get##Member() { return Addressed().field; }             \
+    void fpSpread::Set##Member(T v) {                                   \
+        Addressed().field = v;                                           \
+        Display(col_, row_);                                                \
     }
-ZARO_TIPO(CellType, type, int32_t)
-ZARO_TIPO(TypeHAlign, hAlign, int32_t)
-ZARO_TIPO(TypeFloatSeparator, separator, bool)
-ZARO_TIPO(TypeFloatDecimalPlaces, decimals, int32_t)
-#undef ZARO_TIPO
+ZARO_TYPE_MEMBER(CellType, type, int32_t)
+ZARO_TYPE_MEMBER(TypeHAlign, hAlign, int32_t)
+ZARO_TYPE_MEMBER(TypeFloatSeparator, separator, bool)
+ZARO_TYPE_MEMBER(TypeFloatDecimalPlaces, decimals, int32_t)
+#undef ZARO_TYPE_MEMBER
 
 void fpSpread::SetInteger(int32_t col, int32_t row, int32_t value) {
     Check(col, row);
-    valores_[static_cast<size_t>(row)][static_cast<size_t>(col)] = Variant(value);
-    Show(col, row);
+    values_[static_cast<size_t>(row)][static_cast<size_t>(col)] = Variant(value);
+    Display(col, row);
 }
 
 void fpSpread::SetFloat(int32_t col, int32_t row, double value) {
     Check(col, row);
-    valores_[static_cast<size_t>(row)][static_cast<size_t>(col)] = Variant(value);
-    Show(col, row);
+    values_[static_cast<size_t>(row)][static_cast<size_t>(col)] = Variant(value);
+    Display(col, row);
 }
 
 void fpSpread::SetText(int32_t col, int32_t row, const Variant& value) {
     Check(col, row);
-    valores_[static_cast<size_t>(row)][static_cast<size_t>(col)] =
+    values_[static_cast<size_t>(row)][static_cast<size_t>(col)] =
         Variant(value.IsNull() ? std::string() : CStr(value));
-    Show(col, row);
+    Display(col, row);
 }
 
 Variant fpSpread::CellValue(int32_t col, int32_t row) {
     Check(col, row);
-    return valores_[static_cast<size_t>(row)][static_cast<size_t>(col)];
+    return values_[static_cast<size_t>(row)][static_cast<size_t>(col)];
 }
 
 std::string fpSpread::CellText(int32_t col, int32_t row) {
@@ -132,32 +132,32 @@ std::string fpSpread::CellText(int32_t col, int32_t row) {
     return it ? S(it->text()) : std::string();
 }
 
-void fpSpread::Show(int32_t col, int32_t row) {
+void fpSpread::Display(int32_t col, int32_t row) {
     // What a cell shows, by its type.
-    const Tipo& t = tipos_[static_cast<size_t>(row)][static_cast<size_t>(col)];
-    const Variant& v = valores_[static_cast<size_t>(row)][static_cast<size_t>(col)];
-    QString texto;
-    Qt::CheckState marca = Qt::Unchecked;
-    bool conMarca = false;
+    const CellFormat& t = formats_[static_cast<size_t>(row)][static_cast<size_t>(col)];
+    const Variant& v = values_[static_cast<size_t>(row)][static_cast<size_t>(col)];
+    QString text;
+    Qt::CheckState mark = Qt::Unchecked;
+    bool hasMark = false;
     if (!v.IsEmpty()) {
         if (row > 0 && t.type == CellTypeFloat && v.IsNumber()) {
-            std::string patron = t.separator ? "#,##0" : "0";
-            if (t.decimals > 0) patron += "." + std::string(static_cast<size_t>(t.decimals), '0');
-            texto = Q(CStr(Format(v, patron)));
+            std::string pattern = t.separator ? "#,##0" : "0";
+            if (t.decimals > 0) pattern += "." + std::string(static_cast<size_t>(t.decimals), '0');
+            text = Q(CStr(Format(v, pattern)));
         } else if (row > 0 && t.type == CellTypeCheckBox) {
-            conMarca = true;
-            marca = CDbl(v) != 0 ? Qt::Checked : Qt::Unchecked;
+            hasMark = true;
+            mark = CDbl(v) != 0 ? Qt::Checked : Qt::Unchecked;
         } else {
-            texto = Q(CStr(v));
+            text = Q(CStr(v));
         }
     }
-    QTableWidget* tabla = Table();
-    QTableWidgetItem* it = tabla->item(row, col);
-    if (!it) tabla->setItem(row, col, it = new QTableWidgetItem());
-    it->setText(texto);
-    if (conMarca) it->setData(Qt::CheckStateRole, marca);
-    const Qt::Alignment al = t.hAlign == 1 ? Qt::AlignRight : t.hAlign == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
-    it->setTextAlignment(al | Qt::AlignVCenter);
+    QTableWidget* table = Table();
+    QTableWidgetItem* it = table->item(row, col);
+    if (!it) table->setItem(row, col, it = new QTableWidgetItem());
+    it->setText(text);
+    if (hasMark) it->setData(Qt::CheckStateRole, mark);
+    const Qt::Alignment align = t.hAlign == 1 ? Qt::AlignRight : t.hAlign == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+    it->setTextAlignment(align | Qt::AlignVCenter);
     if (row == 0 || col == 0) it->setBackground(QColor(0xE4, 0xE4, 0xE4));
 }
 
@@ -185,12 +185,12 @@ public:
             if (rs->RecordCount() >= 0 && !(rs->EOF_() && rs->BOF())) {
                 rs->MoveFirst();
                 while (!rs->EOF_()) {
-                    QStringList fila;
+                    QStringList row;
                     for (ADODB::Field& f : rs->Fields()) {
                         const Variant v = f.Value();
-                        fila << (v.IsNull() ? QString() : Q(CStr(v)));
+                        row << (v.IsNull() ? QString() : Q(CStr(v)));
                     }
-                    rows_.push_back(fila);
+                    rows_.push_back(row);
                     rs->MoveNext();
                 }
                 rs->MoveFirst();
@@ -272,10 +272,10 @@ QWidget* DataGrid::MakeWidget(QWidget* parent) {
     return v;
 }
 
-QTableView* DataGrid::View() const { return static_cast<QTableView*>(&Vivo(widget_, *this)); }
+QTableView* DataGrid::View() const { return static_cast<QTableView*>(&Alive(widget_, *this)); }
 
 void DataGrid::SetDataSource(const std::shared_ptr<ADODB::Recordset>& rs) {
-    Vivo(widget_, *this);
+    Alive(widget_, *this);
     source_ = rs;
     columns_.clear();
     row_ = -1;

@@ -18,7 +18,7 @@ QWidget* TextBox::MakeWidget(QWidget* parent) {
     return e;
 }
 
-QLineEdit* TextBox::Edit() const { return static_cast<QLineEdit*>(&Vivo(widget_, *this)); }
+QLineEdit* TextBox::Edit() const { return static_cast<QLineEdit*>(&Alive(widget_, *this)); }
 
 std::string TextBox::GetText() { return S(Edit()->text()); }
 
@@ -87,8 +87,8 @@ QWidget* MonthView::MakeWidget(QWidget* parent) {
     c->setSelectedDate(QDateOf(Today()));
     // A day clicked: Value is that day, then DateClick.
     QObject::connect(c, &QCalendarWidget::clicked, c, [this](QDate d) {
-        Date fecha = Date::FromParts(d.year(), d.month(), d.day());
-        DateClick.Raise(fecha);
+        Date date = Date::FromParts(d.year(), d.month(), d.day());
+        DateClick.Raise(date);
     });
     return c;
 }
@@ -100,7 +100,7 @@ std::vector<QWidget*> MonthView::EventSources() {
     return s;
 }
 
-QCalendarWidget* MonthView::Calendar() const { return static_cast<QCalendarWidget*>(&Vivo(widget_, *this)); }
+QCalendarWidget* MonthView::Calendar() const { return static_cast<QCalendarWidget*>(&Alive(widget_, *this)); }
 
 Date MonthView::GetValue() {
     const QDate d = Calendar()->selectedDate();

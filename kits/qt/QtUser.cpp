@@ -21,17 +21,17 @@ QtControl& Kit(const ControlRef& c) {
 }
 
 // A double click as a person gives it: press, release, the second press as a double click, release.
-void DobleClic(QWidget* w, QPoint p) {
+void DoubleClickAt(QWidget* w, QPoint p) {
     QTest::mousePress(w, Qt::LeftButton, Qt::NoModifier, p);
     QTest::mouseRelease(w, Qt::LeftButton, Qt::NoModifier, p);
-    QMouseEvent doble(QEvent::MouseButtonDblClick, p, w->mapToGlobal(p), Qt::LeftButton, Qt::LeftButton,
+    QMouseEvent doubleClick(QEvent::MouseButtonDblClick, p, w->mapToGlobal(p), Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
-    QApplication::sendEvent(w, &doble);
+    QApplication::sendEvent(w, &doubleClick);
     QTest::mouseRelease(w, Qt::LeftButton, Qt::NoModifier, p);
 }
 
 // The middle of a cell of a grid or a spread, in its viewport.
-QPoint Centro(QtControl& c, int32_t row, int32_t col, QWidget*& viewport) {
+QPoint CellCentre(QtControl& c, int32_t row, int32_t col, QWidget*& viewport) {
     if (auto* g = dynamic_cast<MSFlexGrid*>(&c)) {
         int x, y, w, h;
         g->CellRect(row, col, x, y, w, h);
@@ -47,19 +47,19 @@ QPoint Centro(QtControl& c, int32_t row, int32_t col, QWidget*& viewport) {
     RaisePlatform(ErrNum::MemberNotFound, "QtUser");
 }
 
-QWidget* Enfocado() { return QApplication::focusWidget(); }
+QWidget* FocusWidget() { return QApplication::focusWidget(); }
 }  // namespace
 
 void QtUser::ClickCell(const ControlRef& grid, int32_t row, int32_t col) {
     QWidget* viewport = nullptr;
-    const QPoint p = Centro(Kit(grid), row, col, viewport);
+    const QPoint p = CellCentre(Kit(grid), row, col, viewport);
     QTest::mouseClick(viewport, Qt::LeftButton, Qt::NoModifier, p);
 }
 
 void QtUser::DoubleClickCell(const ControlRef& grid, int32_t row, int32_t col) {
     QWidget* viewport = nullptr;
-    const QPoint p = Centro(Kit(grid), row, col, viewport);
-    DobleClic(viewport, p);
+    const QPoint p = CellCentre(Kit(grid), row, col, viewport);
+    DoubleClickAt(viewport, p);
 }
 
 void QtUser::ClickHeader(const ControlRef& grid, int32_t col) { ClickCell(grid, 0, col); }
@@ -80,46 +80,46 @@ void QtUser::Click(const ControlRef& control) {
 
 void QtUser::DoubleClick(const ControlRef& control) {
     QWidget* w = Kit(control).Widget();
-    DobleClic(w, w->rect().center());
+    DoubleClickAt(w, w->rect().center());
 }
 
 void QtUser::Type(const std::string& text) {
     for (char32_t ch : CodePoints(text)) {
-        QWidget* w = Enfocado();
+        QWidget* w = FocusWidget();
         if (!w) return;  // no widget has the focus: the keys go nowhere
         if (ch > 0xFFFF) continue;  // beyond a 16-bit key value: it can not be typed
         const Keystroke k = KeystrokeOf(ch);
-        const QString texto(QChar(static_cast<char16_t>(ch)));
+        const QString text(QChar(static_cast<char16_t>(ch)));
         Qt::KeyboardModifiers m = (k.shift & vbShiftMask) ? Qt::ShiftModifier : Qt::NoModifier;
-        const Qt::Key clave = (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9')
+        const Qt::Key key = (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9')
                                   ? QtKeyOf(k.keyCode)
                                   : static_cast<Qt::Key>(QChar(static_cast<char16_t>(ch)).toUpper().unicode());
-        QKeyEvent pulsa(QEvent::KeyPress, clave, m, texto);
-        QApplication::sendEvent(w, &pulsa);
-        QKeyEvent suelta(QEvent::KeyRelease, clave, m, texto);
+        QKeyEvent press(QEvent::KeyPress, key, m, text);
+        QApplication::sendEvent(w, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, m, text);
         // The key is released where the focus is then.
-        if (QWidget* ahora = Enfocado()) QApplication::sendEvent(ahora, &suelta);
+        if (QWidget* now = FocusWidget()) QApplication::sendEvent(now, &release);
     }
 }
 
 void QtUser::Press(int16_t keyCode, int16_t shift) {
-    QWidget* w = Enfocado();
+    QWidget* w = FocusWidget();
     if (!w) return;
     Qt::KeyboardModifiers m = Qt::NoModifier;
     if (shift & vbShiftMask) m |= Qt::ShiftModifier;
     if (shift & vbCtrlMask) m |= Qt::ControlModifier;
-    QString texto;
+    QString text;
     switch (keyCode) {
-        case vbKeyReturn: texto = "\r"; break;
-        case vbKeyEscape: texto = QString(QChar(27)); break;
-        case vbKeyBack: texto = QString(QChar(8)); break;
-        case vbKeySpace: texto = " "; break;
+        case vbKeyReturn: text = "\r"; break;
+        case vbKeyEscape: text = QString(QChar(27)); break;
+        case vbKeyBack: text = QString(QChar(8)); break;
+        case vbKeySpace: text = " "; break;
         default: break;
     }
-    QKeyEvent pulsa(QEvent::KeyPress, QtKeyOf(keyCode), m, texto);
-    QApplication::sendEvent(w, &pulsa);
-    QKeyEvent suelta(QEvent::KeyRelease, QtKeyOf(keyCode), m, texto);
-    if (QWidget* ahora = Enfocado()) QApplication::sendEvent(ahora, &suelta);
+    QKeyEvent press(QEvent::KeyPress, QtKeyOf(keyCode), m, text);
+    QApplication::sendEvent(w, &press);
+    QKeyEvent release(QEvent::KeyRelease, QtKeyOf(keyCode), m, text);
+    if (QWidget* now = FocusWidget()) QApplication::sendEvent(now, &release);
 }
 
 void QtUser::PickDay(const ControlRef& monthView, Date day) {
@@ -132,21 +132,21 @@ void QtUser::PickDay(const ControlRef& monthView, Date day) {
     if (!view) RaisePlatform(ErrNum::MemberNotFound, "QtUser");
     // The day's cell: among the cells showing its number, the one of this
     // month (the first ones for an early day, the last ones for a late one).
-    QModelIndex encontrada;
-    QAbstractItemModel* modelo = view->model();
-    for (int r = 1; r < modelo->rowCount(); ++r)
-        for (int c = 0; c < modelo->columnCount(); ++c) {
-            const QModelIndex i = modelo->index(r, c);
-            if (modelo->data(i).toInt() != p.Day) continue;
-            const bool temprana = p.Day <= 15;
-            if ((temprana && r <= 3 && !encontrada.isValid()) || (!temprana && r >= 3)) encontrada = i;
+    QModelIndex found;
+    QAbstractItemModel* model = view->model();
+    for (int r = 1; r < model->rowCount(); ++r)
+        for (int c = 0; c < model->columnCount(); ++c) {
+            const QModelIndex i = model->index(r, c);
+            if (model->data(i).toInt() != p.Day) continue;
+            const bool early = p.Day <= 15;
+            if ((early && r <= 3 && !found.isValid()) || (!early && r >= 3)) found = i;
         }
-    if (!encontrada.isValid()) RaisePlatform(ErrNum::InvalidCall, "QtUser.PickDay");
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualRect(encontrada).center());
+    if (!found.isValid()) RaisePlatform(ErrNum::InvalidCall, "QtUser.PickDay");
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualRect(found).center());
 }
 
 ControlRef QtUser::Focused() {
-    QWidget* w = Enfocado();
+    QWidget* w = FocusWidget();
     if (!w) return nullptr;
     // The control whose widget holds the focus (or is its focus proxy's owner).
     for (QWidget* p = w; p; p = p->parentWidget()) {

@@ -6,6 +6,8 @@
 
 namespace OVT_ZARO {
 
+using detail::LeerMiembro;
+
 namespace {
 const char kSinConexion[] = "No se ha establecido una conexi\xC3\xB3n";
 const char kSinConexionLectura[] = "No se ha establecido una conexin";
@@ -113,12 +115,32 @@ bool AdapterBase::CamposOkDe(IEntidad& e, std::string& strMensajes) {
 }
 
 namespace {
-// The key conditions: <prefijo>.<column> = <literal>, joined by "   and ".
+// How key conditions are joined: what goes before the first and before each
+// later one, and whether a key at its empty value is left out.
+struct Enlace {
+    std::string_view primera;
+    std::string_view siguiente;
+    bool omitirVacias;
+};
+// The conditions of one row, after a where the statement writes itself.
+constexpr Enlace kDeUnaFila{"", "   and ", false};
+// The filter of Listar: a key at its empty value adds no condition.
+constexpr Enlace kDeFiltro{" where  ", " and  ", true};
+
+// The key conditions: <prefijo>.<column> = <literal>, joined as `enlace` says.
 void AnexarCondiciones(std::string& sql, const TablaDef& t, std::string_view prefijo,
-                       const std::vector<Variant>& claves) {
+                       const std::vector<Variant>& claves, const Enlace& enlace) {
+    // As many values as the key has fields: a table whose own operations give
+    // another number has a broken description.
+    if (claves.size() != t.PorClave.size())
+        t.Rota(std::to_string(claves.size()) + " key values given where the key has " +
+               std::to_string(t.PorClave.size()) + " fields");
+    bool primera = true;
     for (size_t k = 0; k < t.PorClave.size(); ++k) {
+        if (enlace.omitirVacias && !TieneValor(claves[k])) continue;
         const CampoDef& c = t.Campos[static_cast<size_t>(t.PorClave[k])];
-        if (k > 0) sql += "   and ";
+        sql += primera ? enlace.primera : enlace.siguiente;
+        primera = false;
         sql += prefijo;
         sql += '.';
         sql += c.Nombre;
@@ -139,7 +161,7 @@ bool AdapterBase::ExisteDe(IEntidad& e, ConexionArg adConexion) {
     // No handler: errors pass through.
     ConnectionRef& conexion = ElegirConexion(adConexion, kSinConexion);
     std::string sql = "select count(*) from " + tabla_ + " " + " where ";
-    AnexarCondiciones(sql, def_, tabla_, ClavesDe(e, def_));
+    AnexarCondiciones(sql, def_, tabla_, ClavesDe(e, def_), kDeUnaFila);
     sql += "  ";
     Variant n = BasTroquel::ValorPorDefecto(BasTroquel::ObtenerValorSQL(conexion, sql, std::string()), int16_t{0});
     return CompareVariants(n, Variant(int16_t{0}), CompareMethod::Binary) != CompareResult::Equal;
@@ -198,7 +220,7 @@ void AdapterBase::UpdateDe(IEntidad& e, ConexionArg adConexion) {
             sql += c.TrasValor;
         }
         sql += " where ";
-        AnexarCondiciones(sql, def_, tabla_, ClavesDe(e, def_));
+        AnexarCondiciones(sql, def_, tabla_, ClavesDe(e, def_), kDeUnaFila);
         sql += "  ";
         BasTroquel::EjecutarSQL(conexion, sql);
         Registrar(sql);
@@ -213,7 +235,7 @@ void AdapterBase::DeleteDe(const std::vector<Variant>& claves, ConexionArg adCon
     ConnectionRef& conexion = ElegirConexion(adConexion, kSinConexion);
     const std::string& tabla = tablaArgumento ? *tablaArgumento : tabla_;
     std::string sql = "delete from " + tabla + " " + " where ";
-    AnexarCondiciones(sql, def_, tabla, claves);
+    AnexarCondiciones(sql, def_, tabla, claves, kDeUnaFila);
     sql += "  ";
     BasTroquel::EjecutarSQL(conexion, sql);
     Registrar(sql);
@@ -221,26 +243,15 @@ void AdapterBase::DeleteDe(const std::vector<Variant>& claves, ConexionArg adCon
 
 std::string AdapterBase::ConsultaEntidad(const std::vector<Variant>& claves) const {
     std::string sql = selectSQL_ + " where ";
-    AnexarCondiciones(sql, def_, tabla_, claves);
+    AnexarCondiciones(sql, def_, tabla_, claves, kDeUnaFila);
     sql += "  ";
     return sql;
 }
 
 std::string AdapterBase::ConsultaListar(const std::vector<Variant>& claves, const std::string* tablaArgumento) const {
-    const std::string& prefijo = tablaArgumento ? *tablaArgumento : tabla_;
-    std::string filtro;
-    for (size_t k = 0; k < def_.PorClave.size() && k < claves.size(); ++k) {
-        if (!TieneValor(claves[k])) continue;  // a key at its empty value adds no condition
-        const CampoDef& c = def_.Campos[static_cast<size_t>(def_.PorClave[k])];
-        filtro += filtro.empty() ? " where " : " and ";
-        filtro += ' ';
-        filtro += prefijo;
-        filtro += '.';
-        filtro += c.Nombre;
-        filtro += " = ";
-        AnexarLiteral(filtro, c, claves[k]);
-    }
-    return selectSQL_ + filtro;
+    std::string sql = selectSQL_;
+    AnexarCondiciones(sql, def_, tablaArgumento ? *tablaArgumento : tabla_, claves, kDeFiltro);
+    return sql;
 }
 
 std::string AdapterBase::ConsultaWhere(std::string& strWhere) const {

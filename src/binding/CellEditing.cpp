@@ -27,7 +27,7 @@ eTiposDatoColumna TipoDe(const coleccionColumnasRef& columnas, int32_t col) {
 
 // ---- What starts an edit ------------------------------------------------------------
 
-void ControlListDefinition::Grid_Click() {
+void ControlListDefinition::MSFlexGrid_Click() {
     // Carries on past every failing step.
     if (Iniciando) return;
     if (!Datos) return;
@@ -45,7 +45,7 @@ void ControlListDefinition::Grid_Click() {
     });
 }
 
-void ControlListDefinition::Grid_DblClick() {
+void ControlListDefinition::MSFlexGrid_DblClick() {
     // Carries on past every failing step.
     if (Iniciando) return;
     if (!Datos) return;
@@ -82,7 +82,7 @@ void ControlListDefinition::MueveDerecha() {
     Paso([&] { g.SetFocus(); });
 }
 
-void ControlListDefinition::Grid_KeyUp(int16_t& KeyCode, int16_t&) {
+void ControlListDefinition::MSFlexGrid_KeyUp(int16_t& KeyCode, int16_t&) {
     // Carries on past every failing step. Acts on top of what the grid did
     // with the key; Rows, Cols, Row and Col are read anew at each test.
     if (Iniciando) return;
@@ -144,7 +144,7 @@ void ControlListDefinition::Grid_KeyUp(int16_t& KeyCode, int16_t&) {
 
 // ---- Keys released in the overlays ----------------------------------------------------
 
-void ControlListDefinition::Texto_KeyUp(int16_t& KeyCode, int16_t& Shift) {
+void ControlListDefinition::mTextBox_KeyUp(int16_t& KeyCode, int16_t& Shift) {
     // Carries on past every failing step.
     mListaArmada = false;  // every key release disarms the list
     switch (KeyCode) {
@@ -171,12 +171,12 @@ void ControlListDefinition::Texto_KeyUp(int16_t& KeyCode, int16_t& Shift) {
         case vbKeyF2: {
             Paso([&] { ConfirmaCelda(); });
             int16_t derecha = vbKeyRight, sinShift = 0;
-            Paso([&] { Grid_KeyUp(derecha, sinShift); });  // the cursor moves right
+            Paso([&] { MSFlexGrid_KeyUp(derecha, sinShift); });  // the cursor moves right
             break;
         }
         case vbKeyEscape: {
             int16_t escape = vbKeyEscape;
-            Paso([&] { Grid_KeyUp(escape, Shift); });
+            Paso([&] { MSFlexGrid_KeyUp(escape, Shift); });
             break;
         }
         case vbKeyPageUp:
@@ -194,18 +194,18 @@ void ControlListDefinition::Texto_KeyUp(int16_t& KeyCode, int16_t& Shift) {
     }
 }
 
-void ControlListDefinition::Lista_KeyUp(int16_t& KeyCode, int16_t& Shift) {
+void ControlListDefinition::mListBox_KeyUp(int16_t& KeyCode, int16_t& Shift) {
     // Unguarded: the text box's handler.
-    Texto_KeyUp(KeyCode, Shift);
+    mTextBox_KeyUp(KeyCode, Shift);
 }
 
-void ControlListDefinition::Texto_LostFocus() {
+void ControlListDefinition::mTextBox_LostFocus() {
     // Unguarded. Leaving the overlay does not commit: it arms the list, so
     // that a click on it commits.
     mListaArmada = true;
 }
 
-void ControlListDefinition::Lista_Click() {
+void ControlListDefinition::mListBox_Click() {
     // Unguarded.
     if (mListaArmada) ConfirmaCelda();
 }
@@ -289,7 +289,7 @@ bool ControlListDefinition::ValidaCelda() {
                 Paso([&] { Obj(mTextBox).SetSelStart(0); });
                 Paso([&] { Obj(mTextBox).SetSelLength(Len(Obj(mTextBox).GetText())); });
                 Paso([&] { Obj(mTextBox).SetFocus(); });
-                Paso([&] { Screen().Beep(); });
+                Paso([&] { Screen()->Beep(); });
                 Correcto = false;
             } else {
                 Paso([&] { Obj(mTextBox).SetBackColor(ColorLineaSeleccionada); });

@@ -46,14 +46,14 @@ void ControlListDefinition::control(const ControlRef& c) {
     mControl = c;
     if (!Valor([&] { return TextEquals(c ? c->TypeName() : "Nothing", "MSFlexGrid"); }, false)) return;
     MSFlexGrid = c;
-    eventosGrid_.clear();
+    eventosMSFlexGrid_.clear();
     Paso([&] {
-        eventosGrid_.push_back(Escucha(c, &Control::Click, &ControlListDefinition::Grid_Click));
-        eventosGrid_.push_back(Escucha(c, &Control::DblClick, &ControlListDefinition::Grid_DblClick));
-        eventosGrid_.push_back(Escucha(c, &Control::KeyUp, &ControlListDefinition::Grid_KeyUp));
-        eventosGrid_.push_back(Escucha(c, &Control::MouseUp, &ControlListDefinition::Grid_MouseUp));
-        eventosGrid_.push_back(Escucha(c, &Control::EnterCell, &ControlListDefinition::Grid_EnterCell));
-        eventosGrid_.push_back(Escucha(c, &Control::LeaveCell, &ControlListDefinition::Grid_LeaveCell));
+        eventosMSFlexGrid_.push_back(Escucha(c, &Control::Click, &ControlListDefinition::MSFlexGrid_Click));
+        eventosMSFlexGrid_.push_back(Escucha(c, &Control::DblClick, &ControlListDefinition::MSFlexGrid_DblClick));
+        eventosMSFlexGrid_.push_back(Escucha(c, &Control::KeyUp, &ControlListDefinition::MSFlexGrid_KeyUp));
+        eventosMSFlexGrid_.push_back(Escucha(c, &Control::MouseUp, &ControlListDefinition::MSFlexGrid_MouseUp));
+        eventosMSFlexGrid_.push_back(Escucha(c, &Control::EnterCell, &ControlListDefinition::MSFlexGrid_EnterCell));
+        eventosMSFlexGrid_.push_back(Escucha(c, &Control::LeaveCell, &ControlListDefinition::MSFlexGrid_LeaveCell));
     });
 }
 
@@ -61,12 +61,12 @@ void ControlListDefinition::TextBox(const ControlRef& textBox) {
     // Unguarded: with no grid given before, the last step raises 91.
     if (!textBox) return;  // no object: the earlier text box stays
     mTextBox = textBox;
-    eventosTexto_.clear();
-    eventosTexto_.push_back(Escucha(textBox, &Control::GotFocus, &ControlListDefinition::Texto_GotFocus));
-    eventosTexto_.push_back(Escucha(textBox, &Control::KeyPress, &ControlListDefinition::Texto_KeyPress));
-    eventosTexto_.push_back(Escucha(textBox, &Control::KeyUp, &ControlListDefinition::Texto_KeyUp));
-    eventosTexto_.push_back(Escucha(textBox, &Control::LostFocus, &ControlListDefinition::Texto_LostFocus));
-    eventosTexto_.push_back(Escucha(textBox, &Control::DblClick, &ControlListDefinition::Texto_DblClick));
+    eventosTextBox_.clear();
+    eventosTextBox_.push_back(Escucha(textBox, &Control::GotFocus, &ControlListDefinition::mTextBox_GotFocus));
+    eventosTextBox_.push_back(Escucha(textBox, &Control::KeyPress, &ControlListDefinition::mTextBox_KeyPress));
+    eventosTextBox_.push_back(Escucha(textBox, &Control::KeyUp, &ControlListDefinition::mTextBox_KeyUp));
+    eventosTextBox_.push_back(Escucha(textBox, &Control::LostFocus, &ControlListDefinition::mTextBox_LostFocus));
+    eventosTextBox_.push_back(Escucha(textBox, &Control::DblClick, &ControlListDefinition::mTextBox_DblClick));
     textBox->SetTabStop(false);
     Obj(MSFlexGrid).SetHighLight(0);
 }
@@ -75,9 +75,9 @@ void ControlListDefinition::ListBox(const ControlRef& listBox) {
     // Unguarded.
     if (!listBox) return;  // no object: the earlier list stays
     mListBox = listBox;
-    eventosLista_.clear();
-    eventosLista_.push_back(Escucha(listBox, &Control::Click, &ControlListDefinition::Lista_Click));
-    eventosLista_.push_back(Escucha(listBox, &Control::KeyUp, &ControlListDefinition::Lista_KeyUp));
+    eventosListBox_.clear();
+    eventosListBox_.push_back(Escucha(listBox, &Control::Click, &ControlListDefinition::mListBox_Click));
+    eventosListBox_.push_back(Escucha(listBox, &Control::KeyUp, &ControlListDefinition::mListBox_KeyUp));
     listBox->SetTabStop(false);
     listBox->SetHeight(2370);
 }
@@ -85,12 +85,12 @@ void ControlListDefinition::ListBox(const ControlRef& listBox) {
 void ControlListDefinition::MonthView(const ControlRef& monthView) {
     // Unguarded. The calendar is stored as given, also nothing, and not configured.
     mMonthView = monthView;
-    eventosCalendario_.clear();
+    eventosMonthView_.clear();
     if (!monthView) return;
-    eventosCalendario_.push_back(
-        Escucha(monthView, &Control::DateClick, &ControlListDefinition::Calendario_DateClick));
-    eventosCalendario_.push_back(
-        Escucha(monthView, &Control::LostFocus, &ControlListDefinition::Calendario_LostFocus));
+    eventosMonthView_.push_back(
+        Escucha(monthView, &Control::DateClick, &ControlListDefinition::mMonthView_DateClick));
+    eventosMonthView_.push_back(
+        Escucha(monthView, &Control::LostFocus, &ControlListDefinition::mMonthView_LostFocus));
 }
 
 // ---- The current cell --------------------------------------------------------------
@@ -124,7 +124,7 @@ int16_t ControlListDefinition::IndiceColumna(const std::string& nombre) {
 
 // ---- Entering and leaving a cell -----------------------------------------------
 
-void ControlListDefinition::Grid_EnterCell() {
+void ControlListDefinition::MSFlexGrid_EnterCell() {
     // Carries on past every failing step.
     if (Iniciando || bNoEventosCambioCelda) return;
     if (!Datos) return;
@@ -143,7 +143,7 @@ void ControlListDefinition::Grid_EnterCell() {
     bNoEventosCambioCelda = false;
 }
 
-void ControlListDefinition::Grid_LeaveCell() {
+void ControlListDefinition::MSFlexGrid_LeaveCell() {
     // Carries on past every failing step.
     if (Iniciando || bNoEventosCambioCelda) return;
     if (!Datos) return;
@@ -173,7 +173,7 @@ void ControlListDefinition::PintaLinea(int32_t color, int32_t fila) {
 
 // ---- Sorting by a click on a heading ---------------------------------------------
 
-void ControlListDefinition::Grid_MouseUp(int16_t&, int16_t&, float& X, float& Y) {
+void ControlListDefinition::MSFlexGrid_MouseUp(int16_t&, int16_t&, float& X, float& Y) {
     // Carries on past a failing step.
     if (Iniciando) return;
     if (!Datos) return;

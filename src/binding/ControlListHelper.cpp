@@ -142,7 +142,7 @@ void ControlListHelper::CargaListBox(ByRef<ControlRef> ListBox_ComboBox, ByRef<O
     // Handler: whatever fails is reported as 1 "Tipo de datos incorrecto"
     // (a control of the wrong kind too), and the pointer stays at 11.
     try {
-        Screen().SetMousePointer(vbHourglass);
+        Screen()->SetMousePointer(vbHourglass);
         const ControlRef& control = *ListBox_ComboBox;
         const std::string tipo = TipoDe(control);
         if (!TextEquals(tipo, "ComboBox") && !TextEquals(tipo, "ListBox"))
@@ -162,10 +162,10 @@ void ControlListHelper::CargaListBox(ByRef<ControlRef> ListBox_ComboBox, ByRef<O
             ControlRef c = control;
             int32_t linea = Obj(control).GetNewIndex();
             PintandoLinea.Raise(c, entidad, linea);
-            Screen().DoEvents();
+            Screen()->DoEvents();
         }
         RegistraControl(control, Datos, nullptr, nullptr, nullptr, false, nullptr, nullptr, nullptr, 0, false, false);
-        Screen().SetMousePointer(vbDefault);
+        Screen()->SetMousePointer(vbDefault);
     } catch (...) {
         throw Error(1, kFuenteHelper, "Tipo de datos incorrecto");
     }
@@ -214,7 +214,7 @@ void ControlListHelper::CargaMSFlexGrid(ByRef<ControlRef> MSFlexGrid, ByRef<Obje
             PintaLineaFlexGrid(MSFlexGrid, colColumnas, entidad, fila, datos);
             Datos->Add(Variant(entidad));
             ++fila;
-            Screen().DoEvents();
+            Screen()->DoEvents();
         }
         RegistraControl(*MSFlexGrid, Datos, nullptr, nullptr, *colColumnas, *PermitirOrdenar, *TextBox, *ListBox,
                         *MonthView, *ColorLineaSeleccionada, false, *blnNoEventosCambioCelda);
@@ -243,7 +243,7 @@ void ControlListHelper::CargaFpSpread(ByRef<ControlRef> fpSpread, ByRef<ObjectRe
             PintaLineaSpread(fpSpread, colColumnas, entidad, fila, datos);
             Datos->Add(Variant(entidad));
             ++fila;
-            Screen().DoEvents();
+            Screen()->DoEvents();
         }
         RegistraControl(*fpSpread, Datos, nullptr, nullptr, *colColumnas, false, nullptr, nullptr, nullptr, 0, false,
                         false);

@@ -19,7 +19,7 @@ constexpr int16_t kRetroceso = 8, kComa = 44, kGuion = 45, kPunto = 46;
 bool EsNumerico(int16_t k) { return Valor([&] { return IsNumericText(Chr(k)); }, false); }
 }  // namespace
 
-void ControlListDefinition::Texto_GotFocus() {
+void ControlListDefinition::mTextBox_GotFocus() {
     // Carries on past every failing step.
     Paso([&] {
         const eTiposDatoColumna tipo = Obj(Columnas).Item(ColActual())->TipoDato;
@@ -29,7 +29,7 @@ void ControlListDefinition::Texto_GotFocus() {
     Paso([&] { Obj(mTextBox).SetSelLength(Len(mTextBox->GetText())); });
 }
 
-void ControlListDefinition::Texto_KeyPress(int16_t& KeyAscii) {
+void ControlListDefinition::mTextBox_KeyPress(int16_t& KeyAscii) {
     // Unguarded: what the filter gives is what the overlay receives.
     KeyAscii = FiltraTecla(mTextBox, KeyAscii);
 }
@@ -126,14 +126,14 @@ void ControlListDefinition::MuestraMonthView() {
     Paso([&] { mMonthView->SetVisible(true); });
 }
 
-void ControlListDefinition::Texto_DblClick() {
+void ControlListDefinition::mTextBox_DblClick() {
     // Carries on past a failing step.
     Paso([&] {
         if (Obj(Columnas).Item(ColActual())->TipoDato == Fecha) MuestraMonthView();
     });
 }
 
-void ControlListDefinition::Calendario_DateClick(Date&) {
+void ControlListDefinition::mMonthView_DateClick(Date&) {
     // Carries on past every failing step. The day is read from the
     // calendar's Value, not from the argument; it commits at once.
     std::string formato;
@@ -147,7 +147,7 @@ void ControlListDefinition::Calendario_DateClick(Date&) {
     Paso([&] { Obj(mMonthView).SetVisible(false); });  // also when the commit failed
 }
 
-void ControlListDefinition::Calendario_LostFocus() {
+void ControlListDefinition::mMonthView_LostFocus() {
     // Unguarded: hides the calendar, without a commit.
     Obj(mMonthView).SetVisible(false);
 }

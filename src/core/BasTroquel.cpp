@@ -46,7 +46,8 @@ void EjecutarSQL(ByRef<ConnectionRef> conexion, ByRef<std::string> sql) {
 }
 
 Variant ObtenerValorSQL(ByRef<ConnectionRef> conexion, ByRef<std::string> sql, ByRef<std::string> nombre) {
-    ScreenServices& pantalla = Screen();
+    const std::shared_ptr<ScreenServices> pantallaActual = Screen();  // kept alive across a SetScreen
+    ScreenServices& pantalla = *pantallaActual;
     const int puntero = pantalla.GetMousePointer();
     pantalla.SetMousePointer(vbHourglass);
     try {

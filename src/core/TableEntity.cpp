@@ -43,7 +43,91 @@ int TablaDef::PorIndice(int indice) const {
     return Indices[static_cast<size_t>(indice - 1)];
 }
 
+void TablaDef::Rota(const std::string& problema) const {
+    throw Error(51, "TablaDef", "Table description " + std::string(Tabla) + ": " + problema);
+}
+
+int16_t TablaDef::Campo(std::string_view nombre) const {
+    const int p = Buscar(nombre);
+    if (p < 0) Rota(std::string(nombre) + " names no field");
+    return static_cast<int16_t>(p);
+}
+
+namespace {
+// The names a list of SQL pieces gives: each piece that begins with "." (the
+// table's name goes in front of it) names the field up to a blank or comma.
+std::vector<std::string> NombresDeSelect(const std::vector<std::string_view>& piezas) {
+    std::vector<std::string> r;
+    for (std::string_view p : piezas) {
+        if (p.empty() || p[0] != '.') continue;
+        const size_t fin = p.find_first_of(" ,", 1);
+        r.emplace_back(p.substr(1, fin == std::string_view::npos ? std::string_view::npos : fin - 1));
+    }
+    return r;
+}
+
+// The names of the column list of Insert: between "(" and ")", split by ",".
+std::vector<std::string> NombresDeInsert(const std::vector<std::string_view>& piezas) {
+    std::string texto;
+    for (std::string_view p : piezas) texto += p;
+    std::vector<std::string> r;
+    const size_t a = texto.find('('), b = texto.rfind(')');
+    if (a == std::string::npos || b == std::string::npos || b < a) return r;
+    std::string nombre;
+    for (size_t i = a + 1; i <= b; ++i) {
+        const char c = texto[i];
+        if (c == ',' || c == ')') {
+            if (!nombre.empty()) r.push_back(nombre);
+            nombre.clear();
+        } else if (c != ' ') {
+            nombre += c;
+        }
+    }
+    return r;
+}
+}  // namespace
+
 void TablaDef::Completar() {
+    // Places of the index, the key, the checks and the set list: 1, 2, 3 ... without a gap.
+    for (size_t i = 0; i < Indices.size(); ++i)
+        if (Indices[i] < 0) Rota("index place " + std::to_string(i + 1) + " is left out");
+    auto seguidos = [this](int16_t CampoDef::*lugar, const char* que) {
+        std::vector<int16_t> lugares;
+        for (const CampoDef& c : Campos)
+            if (c.*lugar > 0) lugares.push_back(c.*lugar);
+        std::sort(lugares.begin(), lugares.end());
+        for (size_t i = 0; i < lugares.size(); ++i)
+            if (lugares[i] != static_cast<int16_t>(i + 1))
+                Rota(std::string(que) + " places are not 1 to " + std::to_string(lugares.size()) +
+                     " without a gap (place " + std::to_string(i + 1) + ")");
+    };
+    seguidos(&CampoDef::Clave, "key");
+    seguidos(&CampoDef::Requerido, "required");
+    seguidos(&CampoDef::Set, "set");
+    // The select list names once each field that has a column of the table
+    // (a field without one is read by no select); the insert list names every
+    // field once.
+    auto cadaCampoUnaVez = [this](const std::vector<std::string>& nombres, const char* que, bool soloConColumna) {
+        if (nombres.empty()) return;  // a table with no pieces of its own
+        std::vector<int> veces(Campos.size(), 0);
+        for (const std::string& n : nombres) {
+            const int p = Buscar(n);
+            if (p < 0) Rota(std::string(que) + " names " + n + ", which is no field");
+            ++veces[static_cast<size_t>(p)];
+        }
+        for (size_t i = 0; i < Campos.size(); ++i) {
+            const int debidas = soloConColumna && Campos[i].Definicion.empty() ? 0 : 1;
+            if (veces[i] != debidas)
+                Rota(std::string(que) + " names " + std::string(Campos[i].Nombre) + " " +
+                     std::to_string(veces[i]) + " times");
+        }
+    };
+    cadaCampoUnaVez(NombresDeSelect(Select), "the select list", true);
+    cadaCampoUnaVez(NombresDeInsert(Insert), "the insert list", false);
+    for (std::string_view n : ArgumentosAdd)
+        if (Buscar(n) < 0) Rota("the arguments of Add name " + std::string(n) + ", which is no field");
+    for (std::string_view n : ArgumentosItemClave)
+        if (Buscar(n) < 0) Rota("the arguments of ItemClave name " + std::string(n) + ", which is no field");
     PorClave = OrdenarPor(Campos, &CampoDef::Clave);
     PorRequerido = OrdenarPor(Campos, &CampoDef::Requerido);
     PorSet = OrdenarPor(Campos, &CampoDef::Set);
@@ -62,6 +146,8 @@ void TablaDef::Completar() {
     FuenteAdapter = std::string(ClaseAdapter);
     FuenteUpdate = tabla + "Update";
 }
+
+namespace detail {
 
 Variant LeerMiembro(IEntidad& e, const CampoDef& c) {
     switch (c.Tipo) {
@@ -258,4 +344,5 @@ std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const TablaDef& t, ByRef
 }
 
 }  // namespace EntidadOps
+}  // namespace detail
 }  // namespace OVT_ZARO

@@ -130,9 +130,7 @@ entElementoRef coleccionElementos::ItemClave(ByRef<std::string> sNombre) {
     return e ? *e : nullptr;
 }
 
-// Refusing no object at the door keeps every element usable by the lookups.
 entElementoRef coleccionElementos::AddEntidad(ByRef<entElementoRef> Objeto) {
-    if (!*Objeto) RaisePlatform(ErrNum::ObjectNotSet);
     Anexar(*Objeto);
     return *Objeto;
 }

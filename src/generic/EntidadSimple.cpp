@@ -151,7 +151,6 @@ entEntidadSimpleRef colEntidadSimple::ItemClave(ByRef<Variant> Clave1, ByRef<Var
 }
 
 entEntidadSimpleRef colEntidadSimple::AddEntidad(ByRef<entEntidadSimpleRef> Objeto) {
-    if (!*Objeto) RaisePlatform(ErrNum::ObjectNotSet);
     Anexar(*Objeto);
     return *Objeto;
 }

@@ -220,7 +220,6 @@ void coleccionGenerica::Cargar(ByRef<std::shared_ptr<ADODB::Recordset>> rs) {
 }
 
 entidadGenericaRef coleccionGenerica::Add(ByRef<entidadGenericaRef> Objeto) {
-    if (!*Objeto) RaisePlatform(ErrNum::ObjectNotSet);
     Anexar(*Objeto);
     return *Objeto;
 }

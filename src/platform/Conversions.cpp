@@ -3,16 +3,21 @@
 // of the Collection.
 #include "ZARODatos/platform/Conversions.h"
 
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <mutex>
 
 #include "ZARODatos/platform/Collection.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/Overloaded.h"
 #include "platform/ConversionsDetail.h"
 #include "platform/DateMath.h"
 
 namespace OVT_ZARO {
+
+using detail::Overloaded;
 
 namespace convdetail {
 
@@ -54,9 +59,20 @@ LocaleInfo Derive(const HostLocale& l) {
     return info;
 }
 
-LocaleInfo& State() {
-    static LocaleInfo state = Derive(HostLocale{});
-    return state;
+// The settings in force: an immutable snapshot, replaced as a whole by Set.
+// The snapshots a Set replaces are kept for the life of the process, so that
+// a conversion running on another thread keeps reading the one it took (a
+// host sets the locale a few times at most).
+std::atomic<const LocaleInfo*>& InForce() {
+    static std::atomic<const LocaleInfo*> current{new LocaleInfo(Derive(HostLocale{}))};
+    return current;
+}
+
+void KeepForever(const LocaleInfo* replaced) {
+    static std::mutex m;
+    static auto* kept = new std::vector<const LocaleInfo*>();
+    std::lock_guard<std::mutex> lock(m);
+    kept->push_back(replaced);
 }
 
 bool BadSeparator(char c) {
@@ -74,12 +90,6 @@ bool HasLetter(const std::string& f, char lower) {
     RaisePlatform(s == NumStatus::Overflow ? ErrNum::Overflow : ErrNum::TypeMismatch);
 }
 
-template <class... F>
-struct Overloaded : F... {
-    using F::operator()...;
-};
-template <class... F>
-Overloaded(F...) -> Overloaded<F...>;
 
 double RoundedInRange(double x, double lo, double hi) {
     const double r = RoundHalfEven(x);
@@ -127,13 +137,13 @@ bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-const LocaleInfo& CurrentLocale() { return State(); }
+const LocaleInfo& CurrentLocale() { return *InForce().load(std::memory_order_acquire); }
 
 }  // namespace convdetail
 
 using namespace convdetail;
 
-const HostLocale& HostLocale::Current() { return State().locale; }
+const HostLocale& HostLocale::Current() { return CurrentLocale().locale; }
 
 void HostLocale::Set(const HostLocale& locale) {
     if (locale.DecimalSeparator == locale.GroupSeparator || BadSeparator(locale.DecimalSeparator) ||
@@ -141,7 +151,7 @@ void HostLocale::Set(const HostLocale& locale) {
         !HasLetter(locale.ShortDate, 'd') || !HasLetter(locale.ShortDate, 'm') ||
         !HasLetter(locale.ShortDate, 'y') || !HasLetter(locale.LongTime, 'h'))
         RaisePlatform(ErrNum::InvalidCall);
-    State() = Derive(locale);
+    KeepForever(InForce().exchange(new LocaleInfo(Derive(locale)), std::memory_order_acq_rel));
 }
 
 std::string CStr(const Variant& v) {
@@ -164,7 +174,7 @@ std::string CStr(const Variant& v) {
                               // The platform has no infinity or NaN: such a double overflows.
                               if (!std::isfinite(x)) RaisePlatform(ErrNum::Overflow);
                               char buf[32];
-                              return std::string(buf, FormatDouble(x, State().locale.DecimalSeparator, buf));
+                              return std::string(buf, FormatDouble(x, CurrentLocale().locale.DecimalSeparator, buf));
                           },
                           [](Date d) { return DateToText(d); },
                           [](const std::string& s) { return s; },
@@ -188,7 +198,7 @@ double CDbl(const Variant& v) {
                           [](Date d) { return d.Serial(); },
                           [](const std::string& s) {
                               double x = 0.0;
-                              NumStatus st = ParseNumber(s, State().locale, &x);
+                              NumStatus st = ParseNumber(s, CurrentLocale().locale, &x);
                               if (st != NumStatus::Ok) RaiseForNumber(st);
                               return x;
                           },
@@ -218,7 +228,7 @@ Date CDate(const Variant& v) {
                           [](Date d) { return d; },
                           [](const std::string& s) {
                               double serial = 0.0;
-                              if (!ParseDate(s, State(), serial)) RaisePlatform(ErrNum::TypeMismatch);
+                              if (!ParseDate(s, CurrentLocale(), serial)) RaisePlatform(ErrNum::TypeMismatch);
                               return Date(serial);
                           },
                           [](bool b) { return Date(b ? -1.0 : 0.0); },
@@ -243,7 +253,7 @@ bool CBool(const Variant& v) {
                               if (EqualsIgnoringCase(t, "true") || EqualsIgnoringCase(t, "verdadero")) return true;
                               if (EqualsIgnoringCase(t, "false") || EqualsIgnoringCase(t, "falso")) return false;
                               double x = 0.0;
-                              NumStatus st = ParseNumber(s, State().locale, &x);
+                              NumStatus st = ParseNumber(s, CurrentLocale().locale, &x);
                               if (st != NumStatus::Ok) RaiseForNumber(st);
                               return x != 0.0;
                           },
@@ -256,7 +266,7 @@ bool CBool(const Variant& v) {
 
 bool IsNumeric(const Variant& v) {
     if (const std::string* s = v.GetIf<std::string>())
-        return ParseNumber(*s, State().locale, nullptr) == NumStatus::Ok;
+        return ParseNumber(*s, CurrentLocale().locale, nullptr) == NumStatus::Ok;
     // Empty, numbers and Booleans are numeric; Null, dates, objects and byte arrays are not.
     return v.IsEmpty() || v.IsNumber() || v.IsBoolean();
 }
@@ -265,7 +275,7 @@ bool IsDate(const Variant& v) {
     if (v.IsDate()) return true;
     if (const std::string* s = v.GetIf<std::string>()) {
         double serial = 0.0;
-        return ParseDate(*s, State(), serial);
+        return ParseDate(*s, CurrentLocale(), serial);
     }
     return false;
 }

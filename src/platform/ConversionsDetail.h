@@ -2,6 +2,7 @@
 // src/platform (number text, date text, format, comparison).
 #pragma once
 
+#include <charconv>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -27,6 +28,31 @@ const LocaleInfo& CurrentLocale();
 inline bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f'; }
 inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 inline char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c; }
+
+// ---- Digits and letter runs of date text ---------------------------------
+
+// Two digits, with a leading zero (the last two of larger values).
+inline void Append2(std::string& out, int64_t v) {
+    out += static_cast<char>('0' + v / 10 % 10);
+    out += static_cast<char>('0' + v % 10);
+}
+inline void AppendInt(std::string& out, int64_t v) {
+    char buf[24];
+    out.append(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
+}
+// A year of up to four digits, zero-padded to four.
+inline void AppendYear4(std::string& out, int64_t y) {
+    if (y < 1000) out += '0';
+    if (y < 100) out += '0';
+    if (y < 10) out += '0';
+    AppendInt(out, y);
+}
+// The length of the run of the letter `lower` (either case) starting at i.
+inline size_t RunLength(std::string_view s, size_t i, char lower) {
+    size_t j = i;
+    while (j < s.size() && AsciiLower(s[j]) == lower) ++j;
+    return j - i;
+}
 
 // ---- Text to number -----------------------------------------------------
 

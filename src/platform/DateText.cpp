@@ -35,29 +35,6 @@ int MonthFromWord(std::string_view w) {
     return 0;
 }
 
-void Append2(std::string& out, int v) {
-    out += static_cast<char>('0' + v / 10 % 10);
-    out += static_cast<char>('0' + v % 10);
-}
-void AppendInt(std::string& out, int v) {
-    char buf[16];
-    auto r = std::to_chars(buf, buf + sizeof buf, v);
-    out.append(buf, r.ptr);
-}
-void AppendYear4(std::string& out, int y) {
-    if (y < 1000) out += '0';
-    if (y < 100) out += '0';
-    if (y < 10) out += '0';
-    AppendInt(out, y);
-}
-
-// Length of the run of letter c (either case) starting at i.
-size_t RunLength(std::string_view s, size_t i, char lower) {
-    size_t j = i;
-    while (j < s.size() && AsciiLower(s[j]) == lower) ++j;
-    return j - i;
-}
-
 // ---- The reader -----------------------------------------------------------
 
 enum class TokKind { Num, Month, Am, Pm, DateSep, Blank, Colon, T };

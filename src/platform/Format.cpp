@@ -400,21 +400,6 @@ std::string FormatNumberSection(const NumSection& sec, Dec x, bool showMinus, co
 
 // ---- Date sections --------------------------------------------------------
 
-void Append2(std::string& out, int v) {
-    out += static_cast<char>('0' + v / 10 % 10);
-    out += static_cast<char>('0' + v % 10);
-}
-void AppendInt(std::string& out, int64_t v) {
-    char buf[24];
-    out.append(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
-}
-
-size_t Run(std::string_view s, size_t i, char lower) {
-    size_t j = i;
-    while (j < s.size() && AsciiLower(s[j]) == lower) ++j;
-    return j - i;
-}
-
 bool HasAmPm(std::string_view s) {
     size_t i = 0;
     while (i < s.size()) {
@@ -445,7 +430,7 @@ std::string FormatDateSection(std::string_view s, double serial, const LocaleInf
         bool hourToken = false;
         switch (lc) {
             case 'd': {
-                n = std::min<size_t>(Run(s, i, 'd'), 6);
+                n = std::min<size_t>(RunLength(s, i, 'd'), 6);
                 if (n == 1)
                     AppendInt(out, p.Day);
                 else if (n == 2)
@@ -469,7 +454,7 @@ std::string FormatDateSection(std::string_view s, double serial, const LocaleInf
                 break;
             }
             case 'w': {
-                n = std::min<size_t>(Run(s, i, 'w'), 2);
+                n = std::min<size_t>(RunLength(s, i, 'w'), 2);
                 if (n == 1) {
                     AppendInt(out, Weekday(p));
                 } else {
@@ -482,7 +467,7 @@ std::string FormatDateSection(std::string_view s, double serial, const LocaleInf
                 break;
             }
             case 'm': {
-                n = std::min<size_t>(Run(s, i, 'm'), 4);
+                n = std::min<size_t>(RunLength(s, i, 'm'), 4);
                 if (n <= 2 && afterHour) {
                     if (n == 1)
                         AppendInt(out, p.Minute);
@@ -501,7 +486,7 @@ std::string FormatDateSection(std::string_view s, double serial, const LocaleInf
                 AppendInt(out, (p.Month - 1) / 3 + 1);
                 break;
             case 'y': {
-                const size_t run = Run(s, i, 'y');
+                const size_t run = RunLength(s, i, 'y');
                 n = run >= 4 ? 4 : (run >= 2 ? 2 : 1);
                 if (n == 1)
                     AppendInt(out, dayOfYear);
@@ -512,7 +497,7 @@ std::string FormatDateSection(std::string_view s, double serial, const LocaleInf
                 break;
             }
             case 'h': {
-                n = std::min<size_t>(Run(s, i, 'h'), 2);
+                n = std::min<size_t>(RunLength(s, i, 'h'), 2);
                 int h = p.Hour;
                 if (twelveHour) h = h % 12 == 0 ? 12 : h % 12;
                 if (n == 1)
@@ -524,7 +509,7 @@ std::string FormatDateSection(std::string_view s, double serial, const LocaleInf
             }
             case 'n':
             case 's': {
-                n = std::min<size_t>(Run(s, i, lc), 2);
+                n = std::min<size_t>(RunLength(s, i, lc), 2);
                 const int v = lc == 'n' ? p.Minute : p.Second;
                 if (n == 1)
                     AppendInt(out, v);

@@ -1,15 +1,10 @@
 #include "ZARODatos/platform/Variant.h"
 
+#include "platform/Overloaded.h"
+
 namespace OVT_ZARO {
 
-namespace {
-template <class... F>
-struct Overloaded : F... {
-    using F::operator()...;
-};
-template <class... F>
-Overloaded(F...) -> Overloaded<F...>;
-}  // namespace
+using detail::Overloaded;
 
 int Variant::VarType() const {
     return std::visit(Overloaded{

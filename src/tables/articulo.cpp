@@ -22,7 +22,7 @@ const TablaDef& entarticulo::Def() {
         b.Campo(&E::DESC_ARTICULO, "DESC_ARTICULO", {11, 0, 0, 10, "  `DESC_ARTICULO` varchar(50) default NULL, "});
         b.Campo(&E::DESC_CORTA, "DESC_CORTA", {12, 0, 0, 11, "  `DESC_CORTA` varchar(25) default NULL, "});
         TablaDef& t = b.Def();
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("DESC_ARTICULO"));
+        t.CampoNombreVacio = t.Campo("DESC_ARTICULO");
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".CD_OP , ",
                     ".TIPO_OPERACION , ", ".CD_ARTICULO , ", ".IDARTICOLGS1 , ", ".TIPO_FAMILIA ", " , ",
                     ".TIPO_SUBFAMILIA , ", ".PRECIOMAX , ", ".DESC_ARTICULO , ", ".DESC_CORTA  "};

@@ -18,7 +18,7 @@ TablaDef DescripcionDia(std::string_view tabla, std::string_view clase_entidad, 
     b.Campo(&E::FECHA_CONTABLE, "FECHA_CONTABLE",
             {5, 3, 3, 0, "  `FECHA_CONTABLE` date NOT NULL default '0000-00-00', "});
     TablaDef& t = b.Def();
-    t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("FECHA_CONTABLE"));
+    t.CampoNombreVacio = t.Campo("FECHA_CONTABLE");
     t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".CD_OP , ",
                 ".FECHA_CONTABLE  "};
     t.OrderBy = {" order by ", ".COD_TRANSACC , ", ".CD_OP , ", ".FECHA_CONTABLE "};

@@ -45,7 +45,7 @@ const TablaDef& entresumen_diario::Def() {
         b.Campo(&E::idRestaurante, "idRestaurante", {0, 0, 0, 24, ""});
         b.Campo(&E::idTPV, "idTPV", {0, 0, 0, 25, ""});
         TablaDef& t = b.Def();
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("FECHA_REAL"));
+        t.CampoNombreVacio = t.Campo("FECHA_REAL");
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".ID_REGISTRO , ",
                     ".CD_OP , ", ".FECHA_CONTABLE , ", ".CD_TICKET_I , ", ".CD_TICKET_F ", " , ", ".N_VENTAS , ",
                     ".IMPBRUTO_V , ", ".IMPNETO_V , ", ".IMPDESCUENTO_V , ", ".N_DEVOLUCIONES , ", ".IMPBRUTO_D , ",

@@ -45,7 +45,7 @@ const TablaDef& entresumen_diario_detalle::Def() {
         b.Campo(&E::idRestaurante, "idRestaurante", {0, 0, 0, 19, ""});
         b.Campo(&E::idTPV, "idTPV", {0, 0, 0, 20, ""});
         TablaDef& t = b.Def();
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("FECHA_REAL"));
+        t.CampoNombreVacio = t.Campo("FECHA_REAL");
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".ID_REGISTRO , ",
                     ".TIPO_FAMILIA , ", ".TIPO_SUBFAMILIA , ", ".TIPO_FISCAL , ", ".ARTICULOS_V ", " , ",
                     ".IMPBRUTO_VSFZ , ", ".IMPNETO_VSFZ , ", ".IMPDESCUENTO_VSFZ , ", ".ARTICULOS_D , ",

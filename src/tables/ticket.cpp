@@ -66,8 +66,8 @@ const TablaDef& entticket::Def() {
         // The five last numbers are written with a blank behind them in Insert and Update.
         for (std::string_view n : {"IMPDESCUENTO2_T", "PORC_DESCUENTO2_T", "IMPDESCUENTO3_T", "PORC_DESCUENTO3_T",
                                    "idTPVTransaccion"})
-            t.Campos[static_cast<size_t>(t.Buscar(n))].TrasValor = " ";
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("CD_TICKET"));
+            t.Campos[static_cast<size_t>(t.Campo(n))].TrasValor = " ";
+        t.CampoNombreVacio = t.Campo("CD_TICKET");
         // A failure of ToXML names this class, where other entities name another.
         t.FuenteToXML = " entticket";
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".ID_REGISTRO , ",

@@ -57,9 +57,9 @@ const TablaDef& entticket_articulo::Def() {
                 {30, 0, 0, 25, "  `zaro_IMPDESCUENTO3_A` NULL DECIMAL(20,3), "});
         TablaDef& t = b.Def();
         // SetValor by name ignores the value given to the six fields behind idLinea and stores their own again.
-        for (size_t i = static_cast<size_t>(t.Buscar("idLinea")) + 1; i < t.Campos.size(); ++i)
+        for (size_t i = static_cast<size_t>(t.Campo("idLinea")) + 1; i < t.Campos.size(); ++i)
             t.Campos[i].SetValorIgnoraValor = true;
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("CD_ARTICULO"));
+        t.CampoNombreVacio = t.Campo("CD_ARTICULO");
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".ID_REGISTRO , ",
                     ".CD_ARTICULO , ", ".DESC_CORTA , ", ".TIPO_FAMILIA , ", ".TIPO_SUBFAMILIA ", " , ",
                     ".ImpNeto_A , ", ".ImpBruto_A , ", ".TIPO_UDS , ", ".UDS , ", ".ImpVenta_A , ", ".CD_Promocion , ",

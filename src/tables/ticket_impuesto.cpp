@@ -26,7 +26,7 @@ const TablaDef& entticket_impuesto::Def() {
         b.Campo(&E::idTPV, "idTPV", {10, 4, 8, 0, "  `idTPV` int(11) NOT NULL default '0', "});
         b.Campo(&E::idTicket, "idTicket", {11, 5, 9, 0, "  `idTicket` int(11) NOT NULL default '0', "});
         TablaDef& t = b.Def();
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("TIPO_IMPUESTO"));
+        t.CampoNombreVacio = t.Campo("TIPO_IMPUESTO");
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".ID_REGISTRO , ",
                     ".TIPO_IMPUESTO , ", ".porc_impuesto , ", ".imp_impuesto , ", ".idEmpresa ", " , ",
                     ".idRestaurante , ", ".idTPV , ", ".idTicket  "};

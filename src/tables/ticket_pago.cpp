@@ -25,7 +25,7 @@ const TablaDef& entticket_pago::Def() {
         b.Campo(&E::idTPV, "idTPV", {11, 5, 7, 0, "  `idTPV` int(11) NOT NULL default '0', "});
         b.Campo(&E::idTicket, "idTicket", {12, 6, 8, 0, "  `idTicket` int(11) NOT NULL default '0', "});
         TablaDef& t = b.Def();
-        t.CampoNombreVacio = static_cast<int16_t>(t.Buscar("TIPO_PAGO"));
+        t.CampoNombreVacio = t.Campo("TIPO_PAGO");
         t.Select = {"select ", " ", ".COD_TRANSACC , ", ".FECHA_REAL , ", ".HORA_REAL , ", ".ID_REGISTRO , ",
                     ".TIPO_PAGO , ", ".CD_CLIENTE , ", ".Id_ticket_descuento , ", ".ImpBruto_P ", " , ",
                     ".idEmpresa , ", ".idRestaurante , ", ".idTPV , ", ".idTicket  "};

@@ -123,17 +123,12 @@ TEST(ListaArticulo, EnumerationWalksTheElementsInOrder) {
     EXPECT_EQ(codigos, "ABC");
 }
 
-TEST(ListaArticulo, AddEntidadOfNoObjectRaisesObjectNotSetAndTheListStaysUsable) {
+TEST(ListaArticulo, AddEntidadOfNoObjectAppendsItAsItIs) {
     colarticulo l;
     l.Add("A");
-    try {
-        l.AddEntidad(std::shared_ptr<entarticulo>());
-        FAIL();
-    } catch (const Error& e) {
-        EXPECT_EQ(e.Number, 91);
-    }
-    EXPECT_EQ(l.Count(), 1);
-    EXPECT_EQ(l.OrderBy("CD_ARTICULO")->Count(), 1);
+    EXPECT_EQ(l.AddEntidad(std::shared_ptr<entarticulo>()), nullptr);
+    EXPECT_EQ(l.Count(), 2);
+    EXPECT_EQ(l.Item(2), nullptr);
 }
 
 TEST(ListaArticulo, AConstantStringIsAcceptedWhereAnArgumentIsByReference) {

@@ -295,7 +295,7 @@ TEST_F(Editing, AHostThatRefusesHearsCompruebaCeldaEntradaTwiceForOneEnterAndHol
     ASSERT_NE(Aviso(2), nullptr);
     EXPECT_EQ(Aviso(2)->Key(), "atencion");
     EXPECT_EQ(txt->GetToolTipText(), "");  // no tool tip and no beep for a host's refusal
-    EXPECT_EQ(Screen().Beeps(), 0);
+    EXPECT_EQ(Screen()->Beeps(), 0);
     // Allowed again, the same Enter commits and clears the warning.
     refusar = false;
     host.clear();

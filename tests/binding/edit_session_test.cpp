@@ -21,7 +21,7 @@ TEST_P(EditSessionHeadless, EditsTicketLinesAsAUserAndTheHostSavesThem) {
     s.Load();
     s.Run();
     s.SaveAndReadBack();
-    EXPECT_EQ(Screen().Beeps(), 2);  // the bad date, validated twice for one Enter
+    EXPECT_EQ(Screen()->Beeps(), 2);  // the bad date, validated twice for one Enter
 }
 
 INSTANTIATE_TEST_SUITE_P(Roads, EditSessionHeadless, ::testing::ValuesIn(AllRoads()), RoadName);

@@ -22,8 +22,8 @@ using BindingLoad = BindingTest;
 TEST_F(BindingLoad, CargaListBoxShowsTheFieldOfEachEntityAndRestoresThePointer) {
     helper->CargaListBox(list, Articulos(), std::string("DESC_CORTA"));
     EXPECT_EQ(Items(list), (Strings{"Café leche", "Café solo", "Bocadillo"}));
-    EXPECT_EQ(Screen().GetMousePointer(), 0);
-    EXPECT_EQ(Screen().DoEventsCalls(), 3);  // one yield per row
+    EXPECT_EQ(Screen()->GetMousePointer(), 0);
+    EXPECT_EQ(Screen()->DoEventsCalls(), 3);  // one yield per row
     EXPECT_EQ(helper->NumeroDefiniciones(), 1);
 }
 
@@ -104,7 +104,7 @@ TEST_F(BindingLoad, AnEmptyListClearsTheControlKeepsTheEarlierDefinitionAndLeave
     helper->CargaListBox(list, l, std::string("CD_ARTICULO"));
     helper->CargaListBox(list, std::make_shared<colarticulo>(), std::string("CD_ARTICULO"));
     EXPECT_EQ(list->GetListCount(), 0);
-    EXPECT_EQ(Screen().GetMousePointer(), vbHourglass);
+    EXPECT_EQ(Screen()->GetMousePointer(), vbHourglass);
     EXPECT_EQ(helper->NumeroDefiniciones(), 1);
     // The earlier definition still maps positions to the earlier entities.
     list->AddItem("x");
@@ -117,7 +117,7 @@ TEST_F(BindingLoad, CargaListBoxWithATextBoxFailsAsTipoDeDatosIncorrecto) {
     EXPECT_EQ(e.Number, 1);
     EXPECT_EQ(e.Source, "ControlHelper");
     EXPECT_EQ(e.Description, "Tipo de datos incorrecto");  // "Tipo de control no vlido" never reaches the caller
-    EXPECT_EQ(Screen().GetMousePointer(), vbHourglass);
+    EXPECT_EQ(Screen()->GetMousePointer(), vbHourglass);
 }
 
 TEST_F(BindingLoad, AnyFailureInCargaListBoxIsTipoDeDatosIncorrecto) {
@@ -202,9 +202,9 @@ TEST_F(BindingLoad, PintandoLineaGivesAListsZeroBasedNewIndexAndAGridsOneBasedRo
 
 TEST_F(BindingLoad, EveryLoadYieldsToTheScreenAfterEveryRow) {
     helper->CargaMSFlexGrid(grid, Articulos(), ColumnasArticulo());
-    EXPECT_EQ(Screen().DoEventsCalls(), 3);
+    EXPECT_EQ(Screen()->DoEventsCalls(), 3);
     helper->CargaFpSpread(spread, Articulos(), ColumnasArticulo());
-    EXPECT_EQ(Screen().DoEventsCalls(), 6);
+    EXPECT_EQ(Screen()->DoEventsCalls(), 6);
 }
 
 TEST_F(BindingLoad, TheGridsDefinitionIsMarkedStartingUpWhileItsRowsAreDrawn) {

@@ -149,7 +149,7 @@ TEST_F(Sorting, AListBoxIsLoadedAgainWithTheAnswerToAnEmptyFieldName) {
     EXPECT_EQ(Items(list), (Strings{"Primero", "Segundo"}));  // the description, not Clave1
     list->SetListIndex(0);
     EXPECT_EQ(helper->ValorSeleccionado(list), simples->Item(2));
-    EXPECT_EQ(Screen().GetMousePointer(), 0);
+    EXPECT_EQ(Screen()->GetMousePointer(), 0);
 }
 
 TEST_F(Sorting, SortingAListBoxThatHoldsNoEntitiesLeavesTheHourglass) {
@@ -164,7 +164,7 @@ TEST_F(Sorting, SortingAListBoxThatHoldsNoEntitiesLeavesTheHourglass) {
     helper->CargaListBox(lv, Articulos(), std::string("CD_ARTICULO"));
     lv->Clear();
     helper->CargaListBox(lv, std::make_shared<colarticulo>());  // clears; the definition stays
-    Screen().SetMousePointer(0);
+    Screen()->SetMousePointer(0);
     helper->Ordena(lv, std::string("CD_ARTICULO"));
     EXPECT_EQ(lv->GetListCount(), 3);
 }

@@ -171,7 +171,7 @@ TEST_F(TypedInput, ABadDateHoldsTheCellWithTheWarningTheToolTipAndABeep) {
     EXPECT_EQ(Aviso(2)->Key(), "atencion");
     EXPECT_EQ(txt->GetSelStart(), 0);
     EXPECT_EQ(txt->GetSelLength(), 3);
-    EXPECT_EQ(Screen().Beeps(), 2);  // Enter's commit and the move's LeaveCell each validate once
+    EXPECT_EQ(Screen()->Beeps(), 2);  // Enter's commit and the move's LeaveCell each validate once
     EXPECT_EQ(grid->GetRow(), 2);
     EXPECT_EQ(grid->GetCol(), 5);
     EXPECT_TRUE(host.empty());

@@ -44,7 +44,7 @@ TEST(PictureStrip, IsOneFormForTheWholeProcess) {
 
 TEST(ScreenServices, TheHeadlessScreenRecordsThePointerDoEventsAndBeeps) {
     SetScreen(nullptr);
-    ScreenServices& s = Screen();
+    ScreenServices& s = *Screen();
     s.SetMousePointer(vbHourglass);
     s.DoEvents();
     s.DoEvents();
@@ -54,7 +54,7 @@ TEST(ScreenServices, TheHeadlessScreenRecordsThePointerDoEventsAndBeeps) {
     EXPECT_EQ(s.DoEventsCalls(), 2);
     EXPECT_EQ(s.Beeps(), 1);
     SetScreen(nullptr);
-    EXPECT_EQ(Screen().GetMousePointer(), 0);
+    EXPECT_EQ(Screen()->GetMousePointer(), 0);
 }
 
 TEST(ScreenServices, AHostReplacesThem) {
@@ -64,7 +64,7 @@ TEST(ScreenServices, AHostReplacesThem) {
     };
     auto host = std::make_shared<HostScreen>();
     SetScreen(host);
-    Screen().Beep();
+    Screen()->Beep();
     EXPECT_EQ(host->beeps, 1);
     SetScreen(nullptr);
 }

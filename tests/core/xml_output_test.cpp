@@ -97,9 +97,23 @@ TEST(ToXML, AFieldNameThatIsNoXmlNameFailsWithTheSourceOfToXml) {
         e.ToXML();
         FAIL();
     } catch (const Error& err) {
+        // The document service's number and description, under the source of ToXML.
         EXPECT_EQ(err.Source, " entmaepai");
-        EXPECT_NE(err.Number, 0);
-        EXPECT_FALSE(err.Description.empty());
+        EXPECT_EQ(err.Number, XML::kInvalidName);
+        EXPECT_EQ(err.Description, "Invalid XML name: mal nombre");
+    }
+}
+
+TEST(ToXML, AnElementNameThatIsNoXmlNameFailsOnATableEntityToo) {
+    entarticulo e;
+    std::string nombre = "dos palabras";
+    try {
+        e.ToXML(nombre);
+        FAIL();
+    } catch (const Error& err) {
+        EXPECT_EQ(err.Source, " entmaepai");
+        EXPECT_EQ(err.Number, XML::kInvalidName);
+        EXPECT_EQ(err.Description, "Invalid XML name: dos palabras");
     }
 }
 
@@ -118,6 +132,8 @@ TEST(EntidadToXML, FailsWithItsOwnSource) {
         FAIL();
     } catch (const Error& err) {
         EXPECT_EQ(err.Source, "EntidadToXML");
+        EXPECT_EQ(err.Number, XML::kInvalidName);
+        EXPECT_EQ(err.Description, "Invalid XML name: mal nombre");
     }
     EXPECT_EQ(nombre, "mala");
 }

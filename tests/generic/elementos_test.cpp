@@ -245,12 +245,14 @@ TEST(coleccionElementos, AddEntidadAppendsTheGivenObjectNotACopy) {
     EXPECT_EQ(l.ItemClave("CAMBIADO"), e);
 }
 
-// A list of elements holds elements: no object is refused at the door.
-TEST(coleccionElementos, AddEntidadWithNoObjectRaisesObjectNotSet) {
+TEST(coleccionElementos, AddEntidadOfNoObjectAppendsItAndItemClaveRaisesWhenItReachesIt) {
     coleccionElementos l;
-    Error err = Capturar([&] { l.AddEntidad(entElementoRef()); });
-    EXPECT_EQ(err.Number, 91);
-    EXPECT_EQ(l.Count(), 0);
+    l.Add("antes", Variant(1));
+    EXPECT_EQ(l.AddEntidad(entElementoRef()), nullptr);
+    l.Add("despues", Variant(2));
+    EXPECT_EQ(l.Count(), 3);
+    EXPECT_EQ(l.ItemClave("ANTES"), l.Item(1));  // found before the element that is no object
+    EXPECT_EQ(Capturar([&] { l.ItemClave("despues"); }).Number, 91);
 }
 
 TEST(coleccionElementos, AddAssignsBothFieldsWithoutConversion) {

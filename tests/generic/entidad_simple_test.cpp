@@ -240,7 +240,11 @@ TEST(colEntidadSimple, AddEntidadAppendsTheGivenObject) {
     auto e = std::make_shared<entEntidadSimple>();
     EXPECT_EQ(l.AddEntidad(e), e);
     EXPECT_EQ(l.Item(Variant(1)), e);
-    EXPECT_EQ(Capturar([&] { l.AddEntidad(entEntidadSimpleRef()); }).Number, 91);
+    // No object is appended too; ItemClave raises 91 when it reaches it before a match.
+    EXPECT_EQ(l.AddEntidad(entEntidadSimpleRef()), nullptr);
+    EXPECT_EQ(l.Count(), 2);
+    EXPECT_EQ(l.ItemClave(Variant(), Variant(), Variant()), e);
+    EXPECT_EQ(Capturar([&] { l.ItemClave(Variant(1), Variant(), Variant()); }).Number, 91);
 }
 
 TEST(colEntidadSimple, ItemRemoveAndEnumeration) {

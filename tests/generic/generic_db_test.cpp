@@ -20,7 +20,7 @@ using zaro_test::Road;
 namespace {
 
 // A table with the columns of a table description, each of a plain type of
-// its field (the design's own column texts are the table-creation tests'
+// its field (the tables' own column texts are the table-creation tests'
 // business), and the description's key.
 std::string CrearTablaDe(const TablaDef& t) {
     std::string sql = "CREATE TABLE `" + std::string(t.Tabla) + "` (";

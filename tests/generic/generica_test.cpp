@@ -211,10 +211,11 @@ TEST(coleccionGenerica, AddAppendsTheGivenObjectAndItemReturnsIt) {
     EXPECT_EQ(Capturar([&] { l.Item(2); }).Number, 9);
 }
 
-TEST(coleccionGenerica, AddWithNoObjectRaisesObjectNotSet) {
+TEST(coleccionGenerica, AddOfNoObjectAppendsItAsItIs) {
     coleccionGenerica l;
-    EXPECT_EQ(Capturar([&] { l.Add(entidadGenericaRef()); }).Number, 91);
-    EXPECT_EQ(l.Count(), 0);
+    EXPECT_EQ(l.Add(entidadGenericaRef()), nullptr);
+    EXPECT_EQ(l.Count(), 1);
+    EXPECT_EQ(l.Item(1), nullptr);
 }
 
 TEST(coleccionGenerica, CargarWithNoRecordsetRaisesObjectNotSet) {

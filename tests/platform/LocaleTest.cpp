@@ -2,6 +2,7 @@
 // effect in every conversion. Each test puts the locale back when it ends.
 #include <gtest/gtest.h>
 
+
 #include "PlatformTestSupport.h"
 #include "ZARODatos/platform/Conversions.h"
 

@@ -194,12 +194,12 @@ TEST_F(QtKitTest, AControlOutlivingItsFormRaisesInsteadOfTouchingAGoneWidget) {
 TEST_F(QtKitTest, TheScreenServicesShowTheWaitCursorAndCount) {
     auto pantalla = std::make_shared<QtKit::QtScreen>();
     SetScreen(pantalla);
-    Screen().SetMousePointer(vbHourglass);
+    Screen()->SetMousePointer(vbHourglass);
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
-    Screen().SetMousePointer(vbDefault);
+    Screen()->SetMousePointer(vbDefault);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    Screen().DoEvents();
-    Screen().Beep();
+    Screen()->DoEvents();
+    Screen()->Beep();
     EXPECT_EQ(pantalla->DoEventsCalls(), 1);
     EXPECT_EQ(pantalla->Beeps(), 1);
     SetScreen(nullptr);

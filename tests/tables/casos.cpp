@@ -11,6 +11,8 @@
 
 namespace zaro_tablas {
 
+// The cases of the ten tables, in the order of the library's one list of them;
+// a listed table without its case, or a case of no listed table, stops here.
 const std::vector<const CasoTabla*>& Casos() {
     static const std::vector<std::unique_ptr<CasoTabla>> duenos = [] {
         std::vector<std::unique_ptr<CasoTabla>> v;
@@ -28,7 +30,13 @@ const std::vector<const CasoTabla*>& Casos() {
     }();
     static const std::vector<const CasoTabla*> casos = [] {
         std::vector<const CasoTabla*> v;
-        for (const auto& c : duenos) v.push_back(c.get());
+        LasTablas::ParaCada([&]<class A>(std::type_identity<A>) {
+            for (const auto& c : duenos)
+                if (c->esp.Tabla == NombreDeTabla<A>()) v.push_back(c.get());
+            if (v.empty() || v.back()->esp.Tabla != NombreDeTabla<A>())
+                throw std::logic_error("no case for the table " + std::string(NombreDeTabla<A>()));
+        });
+        if (v.size() != duenos.size()) throw std::logic_error("a case of a table that is not listed");
         return v;
     }();
     return casos;
@@ -43,7 +51,7 @@ const CasoTabla& CasoDe(const std::string& tabla) {
 std::vector<std::string> CamposDistintos(const CasoTabla& caso, IEntidad& a, IEntidad& b) {
     std::vector<std::string> r;
     for (const CampoDef& c : caso.Def().Campos)
-        if (!(LeerMiembro(a, c) == LeerMiembro(b, c))) r.push_back(std::string(c.Nombre));
+        if (!(detail::LeerMiembro(a, c) == detail::LeerMiembro(b, c))) r.push_back(std::string(c.Nombre));
     return r;
 }
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base_db.h"
-#include "ZARODatos/access/DataAdapters.h"
+#include "ZARODatos/tables/DataAdapters.h"
 
 using namespace zaro_tablas;
 

@@ -159,7 +159,7 @@ TEST_P(TablasDb, AnEntityInsertedAndReadBackByEntidadHasEqualFields) {
     EXPECT_EQ(Log(*da).back(), esp.Entidad);
     // Only the fields that the select list does not hold come back at 0.
     EXPECT_EQ(CamposDistintos(caso, *leida, *m), esp.NoLeidos);
-    for (const std::string& n : esp.NoLeidos) EXPECT_EQ(LeerMiembro(*leida, Campo(n)), Variant(int32_t{0})) << n;
+    for (const std::string& n : esp.NoLeidos) EXPECT_EQ(detail::LeerMiembro(*leida, Campo(n)), Variant(int32_t{0})) << n;
 }
 
 TEST_P(TablasDb, EntidadOfAKeyThatIsNotThereIsNoObjectAndItsQueryIsLogged) {
@@ -190,7 +190,7 @@ TEST_P(TablasDb, ASecondInsertOfTheKeyRaisesWithTheKeyLinesAndWritesNothing) {
     caso.Insert(*da, *m);
     std::string texto = "El registro ya existe.\r\n\r\n";
     for (const std::string& k : esp.Clave)
-        texto += "\t" + std::string(Campo(k).Nombre) + " = " + CStr(LeerMiembro(*m, Campo(k))) + "\r\n";
+        texto += "\t" + std::string(Campo(k).Nombre) + " = " + CStr(detail::LeerMiembro(*m, Campo(k))) + "\r\n";
     texto += "  ";
     Error err = Capturar([&] { caso.Insert(*da, *caso.Muestra()); });
     EXPECT_EQ(err.Number, 1);

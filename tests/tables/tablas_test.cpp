@@ -282,10 +282,16 @@ TEST_P(Tablas, AddWithEveryArgumentFillsEveryFieldItTakes) {
     EXPECT_EQ(caso.Count(*l), 1);
     EXPECT_EQ(caso.Item(*l, 1), e);
     EXPECT_EQ(CamposDistintos(caso, *e, *m), esp.FueraDeAdd);
-    EXPECT_TRUE(CamposDistintos(caso, *e, *caso.SoloClave()).size() + esp.FueraDeAdd.size() >= 1);
+    // Against an entity of the key alone, every field Add takes beyond the key differs (the sample
+    // gives each field a value of its own).
+    std::vector<std::string> masAllaDeLaClave;
+    for (const CampoDef& c : caso.Def().Campos)
+        if (c.Clave == 0 && std::find(esp.FueraDeAdd.begin(), esp.FueraDeAdd.end(), c.Nombre) == esp.FueraDeAdd.end())
+            masAllaDeLaClave.emplace_back(c.Nombre);
+    EXPECT_EQ(CamposDistintos(caso, *e, *caso.SoloClave()), masAllaDeLaClave);
     for (const std::string& n : esp.FueraDeAdd)
-        EXPECT_EQ(LeerMiembro(*e, caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]),
-                  LeerMiembro(*caso.NuevaEntidad(), caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]));
+        EXPECT_EQ(detail::LeerMiembro(*e, caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]),
+                  detail::LeerMiembro(*caso.NuevaEntidad(), caso.Def().Campos[static_cast<size_t>(caso.Def().Buscar(n))]));
 }
 
 TEST_P(Tablas, AddWithTheRequiredArgumentsLeavesEveryOtherFieldAtZero) {

@@ -5,12 +5,16 @@
 
 #include <sstream>
 
+#include "ZARODatos/tables/DataAdapters.h"
 #include "tool/tool_run.h"
 
 namespace zaro_tool_test {
 namespace {
 
 using ::testing::HasSubstr;
+using OVT_ZARO::CStr;
+using OVT_ZARO::DataAdapters;
+using OVT_ZARO::Variant;
 using ::testing::Not;
 
 // The report of a demo run: from its title line to the end.
@@ -123,10 +127,9 @@ TEST_P(ToolInit, InitOnAnEmptyDatabaseMakesTheTenTablesAndSaysHow) {
                                                   "idEmpresa, idRestaurante, idTPV\n"));
     const Outcome tables = Zaro({"tables"});
     ASSERT_EQ(tables.status, 0);
-    for (const char* tabla : {"_definicion_campos", "articulo", "fin_dia", "inicio_dia", "resumen_diario",
-                              "resumen_diario_detalle", "ticket", "ticket_articulo", "ticket_impuesto",
-                              "ticket_pago"})
-        EXPECT_EQ(TableLine(tables.out, tabla), "0") << tabla;
+    const auto tablas = DataAdapters().Tablas();
+    for (const Variant& tabla : *tablas)
+        EXPECT_EQ(TableLine(tables.out, CStr(tabla)), "0") << CStr(tabla);
     // The site's ticket table has the columns the adapter's select list names.
     const Outcome q = Zaro({"query", "select idTPVTransaccion, CODNACIONALIDAD from ticket"});
     EXPECT_EQ(q.status, 0) << q.err;

@@ -199,7 +199,7 @@ void PosWindow::LoadTickets() {
         "idTicket, '   ', substr(HORA_REAL, 1, 2), ':', substr(HORA_REAL, 3, 2)) using utf8mb4), '   ', "
         "format(ImpBruto_T, 2, 'es_ES'), ' €') as Descripcion from ticket where FECHA_REAL = '" + dia + "' order by HORA_REAL, idTPV, idTicket"));
     helper_->CargaListBox(tickets_.tickets, lista, std::string("Descripcion"));
-    Screen().SetMousePointer(vbDefault);  // an empty day leaves the hourglass: put it back
+    Screen()->SetMousePointer(vbDefault);  // an empty day leaves the hourglass: put it back
     tickets_.day->setText("Tickets del " + Q(CStr(Variant(day_))));
     pendingLines_.clear();
     if (tickets_.tickets->GetListCount() > 0) tickets_.tickets->SetListIndex(0);

@@ -23,25 +23,27 @@ std::string TableNames(DataAdapters& registro);
 // A usage error for a name that is not one of the ten tables; needs no database.
 void CheckTable(const std::string& tabla);
 
+// Calls f with the adapter if it is of one of the listed classes, typed as
+// its class; f answers the same type for every table.
+template <class F, class A, class... Resto>
+decltype(auto) WithAdapterOf(IDataAdapter& adapter, F& f, ListaAdapters<A, Resto...>*) {
+    if (auto* typed = dynamic_cast<A*>(&adapter)) return f(*typed);
+    if constexpr (sizeof...(Resto) == 0)
+        throw UsageError("the table '" + adapter.TypeName() + "' has no adapter in this tool");
+    else
+        return WithAdapterOf(adapter, f, static_cast<ListaAdapters<Resto...>*>(nullptr));
+}
+
 // Calls f with the registry's adapter of the table named `tabla` (exactly,
-// as DataAdapters names it). An unknown name is a usage error that lists the
-// ten names.
+// as DataAdapters names it), typed as its class. An unknown name is a usage
+// error that lists the ten names.
 template <class F>
 decltype(auto) WithTable(DataAdapters& registro, const std::string& tabla, F&& f) {
     // The registry answers no object for a name it does not know.
     std::string nombre = tabla;
-    if (!registro.DataAdapter(nombre)) CheckTable(tabla);
-    if (tabla == "_definicion_campos") return f(*registro.definicion_campos());
-    if (tabla == "articulo") return f(*registro.articulo());
-    if (tabla == "fin_dia") return f(*registro.fin_dia());
-    if (tabla == "inicio_dia") return f(*registro.inicio_dia());
-    if (tabla == "resumen_diario") return f(*registro.resumen_diario());
-    if (tabla == "resumen_diario_detalle") return f(*registro.resumen_diario_detalle());
-    if (tabla == "ticket") return f(*registro.ticket());
-    if (tabla == "ticket_articulo") return f(*registro.ticket_articulo());
-    if (tabla == "ticket_impuesto") return f(*registro.ticket_impuesto());
-    if (tabla == "ticket_pago") return f(*registro.ticket_pago());
-    throw UsageError("the table '" + tabla + "' has no adapter in this tool");
+    const std::shared_ptr<IDataAdapter> adapter = registro.DataAdapter(nombre);
+    if (!adapter) CheckTable(tabla);
+    return WithAdapterOf(*adapter, f, static_cast<LasTablas*>(nullptr));
 }
 
 // The rows of a table that meet a condition (all rows for an empty one),

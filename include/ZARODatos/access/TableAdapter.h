@@ -97,7 +97,7 @@ private:
     std::string selectSQL_;
 };
 
-template <class Self, class E, class L>
+template <class E, class L>
 class TableAdapter : public AdapterBase {
 public:
     using EntityRef = std::shared_ptr<E>;
@@ -156,7 +156,7 @@ public:
                 // Each cell goes to SetValorIndice of its index, as text.
                 RecorrerCeldas(linea, *SeparadorColumnas, [&](std::string_view celda) {
                     int16_t i = CInt(Variant(indice++));
-                    EntidadOps::SetValorIndiceTexto(*e, def_, i, celda);
+                    detail::EntidadOps::SetValorIndiceTexto(*e, def_, i, celda);
                 });
                 lista->AddEntidad(e);
             }
@@ -174,7 +174,7 @@ public:
             std::string texto;
             bool primera = true;
             for (const EntityRef& e : Rows) {
-                AnexarFilaTexto(texto, *e, *SeparadorColumnas);
+                AnexarFilaTexto(texto, detail::Elemento(e), *SeparadorColumnas);
                 // One growing string: room for all rows at the first row's length.
                 if (primera) texto.reserve(texto.size() * static_cast<size_t>(Rows.Count()) * 5 / 4 + 2);
                 primera = false;
@@ -191,11 +191,12 @@ public:
     // first failure; rows saved before it stay saved.
     void GrabarDatos(L& Rows) {
         try {
-            for (const EntityRef& e : Rows) {
+            for (const EntityRef& fila : Rows) {
+                E& e = detail::Elemento(fila);  // an element that is no object stops the saving with 91
                 std::string mensajes;
-                if (!CamposOk(*e, mensajes)) continue;
-                if (Existe(*e)) Update(*e);
-                else Insert(*e);
+                if (!CamposOk(e, mensajes)) continue;
+                if (Existe(e)) Update(e);
+                else Insert(e);
             }
         } catch (...) {
             Reraise(def_.FuenteAdapter);

@@ -1,11 +1,13 @@
 // The typed list template: the list class col<tabla> of every table.
 //
 // Holds entities of its table in insertion order without keys (a list never
-// rejects an element: two elements with equal keys are both kept).
+// rejects an element: two elements with equal keys are both kept, and no
+// object is kept as it is).
 // ItemClave scans the list in order and answers the first element whose key
 // fields all match (strings by text comparison, integers exactly, doubles
 // and dates as doubles exactly), or no object. No operation of the list
 // itself catches anything: the collection's errors pass through.
+// Ownership: shared references to its entities. Thread: one thread at a time.
 #pragma once
 
 #include <memory>
@@ -49,7 +51,7 @@ protected:
         auto e = std::make_shared<E>();
         const TablaDef& t = E::Def();
         size_t i = 0;
-        (AsignarMiembro(*e, detail::CampoDeArgumento(t, t.PorArgumentoAdd, i++), valores), ...);
+        (detail::AsignarMiembro(*e, detail::CampoDeArgumento(t, t.PorArgumentoAdd, i++), valores), ...);
         this->Anexar(e);
         return e;
     }
@@ -61,7 +63,8 @@ protected:
         const auto& orden = t.PorArgumentoItemClave;
         for (const EntityRef& e : this->items_) {
             size_t i = 0;
-            if ((detail::ClaveCoincide(*e, detail::CampoDeArgumento(t, orden, i++), claves) && ...)) return e;
+            IEntidad& entidad = detail::Elemento(e);  // an element that is no object: 91, to the caller
+            if ((detail::ClaveCoincide(entidad, detail::CampoDeArgumento(t, orden, i++), claves) && ...)) return e;
         }
         return nullptr;
     }

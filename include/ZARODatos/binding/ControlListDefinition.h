@@ -131,22 +131,22 @@ private:
     int16_t IndiceColumna(const std::string& nombre);
     ControlListHelper& Helper();
 
-    // Handlers of the grid, the overlays and the calendar.
-    void Grid_Click();
-    void Grid_DblClick();
-    void Grid_KeyUp(int16_t& KeyCode, int16_t& Shift);
-    void Grid_MouseUp(int16_t& Button, int16_t& Shift, float& X, float& Y);
-    void Grid_EnterCell();
-    void Grid_LeaveCell();
-    void Texto_GotFocus();
-    void Texto_KeyPress(int16_t& KeyAscii);
-    void Texto_KeyUp(int16_t& KeyCode, int16_t& Shift);
-    void Texto_LostFocus();
-    void Texto_DblClick();
-    void Lista_Click();
-    void Lista_KeyUp(int16_t& KeyCode, int16_t& Shift);
-    void Calendario_DateClick(Date& fecha);
-    void Calendario_LostFocus();
+    // The handlers of the events of the grid, the overlays and the calendar, named after the members they listen to.
+    void MSFlexGrid_Click();
+    void MSFlexGrid_DblClick();
+    void MSFlexGrid_KeyUp(int16_t& KeyCode, int16_t& Shift);
+    void MSFlexGrid_MouseUp(int16_t& Button, int16_t& Shift, float& X, float& Y);
+    void MSFlexGrid_EnterCell();
+    void MSFlexGrid_LeaveCell();
+    void mTextBox_GotFocus();
+    void mTextBox_KeyPress(int16_t& KeyAscii);
+    void mTextBox_KeyUp(int16_t& KeyCode, int16_t& Shift);
+    void mTextBox_LostFocus();
+    void mTextBox_DblClick();
+    void mListBox_Click();
+    void mListBox_KeyUp(int16_t& KeyCode, int16_t& Shift);
+    void mMonthView_DateClick(Date& fecha);
+    void mMonthView_LostFocus();
 
     void PintaLinea(int32_t color, int32_t fila);
     void ClickCabecera(const ControlRef& grid, float X, float Y);
@@ -170,7 +170,7 @@ private:
     int32_t mFilaActual = 0;          // the cell last entered
     int32_t mColActual = 0;
     bool mCeldaErronea = false;       // the last validation failed: the grid is held on that cell
-    std::vector<Subscription> eventosGrid_, eventosTexto_, eventosLista_, eventosCalendario_;
+    std::vector<Subscription> eventosMSFlexGrid_, eventosTextBox_, eventosListBox_, eventosMonthView_;
 };
 
 using ControlListDefinitionRef = std::shared_ptr<ControlListDefinition>;

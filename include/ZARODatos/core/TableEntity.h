@@ -10,6 +10,10 @@
 //   Every operation but Nombre, Tabla and NumCampos raises again what fails
 //   inside it with a fixed source: "<tabla>Entidad", "<tabla>IEntidad_SetValor",
 //   "<tabla>IEntidad_SetValorIndice", " ent<tabla>" (CargarEntidad).
+// A table's description is built once, at its first Def(), and is immutable
+// after: Def() may be called from any thread. An entity is a plain value
+// object (shared through std::shared_ptr by the lists), used by one thread
+// at a time.
 #pragma once
 
 #include <cstdint>
@@ -83,12 +87,29 @@ struct TablaDef {
 
     // Position in Campos of a name compared ignoring case; -1 when none.
     int Buscar(std::string_view nombre) const;
+    // The same for a name the description itself gives: a name that is no
+    // field raises the error of a broken description.
+    int16_t Campo(std::string_view nombre) const;
     // Position in Campos of an index; -1 when outside the index table.
     int PorIndice(int indice) const;
-    // Fills the derived members. Called once, by the builder.
+    // Checks the description and fills the derived members. Called once, by
+    // the builder, at the table's first Def(). A broken description raises
+    // 51, source "TablaDef", naming the table and what is wrong: a name that
+    // is no field (in a deviation, the select or insert pieces, the argument
+    // lists of Add and ItemClave), an index place left out, key, required or
+    // set places that are not 1, 2, 3 ... without a gap, a select list that
+    // does not name once each field with a column, an insert list that does
+    // not name every field once.
     void Completar();
+    // Raises the error of a broken description of this table.
+    [[noreturn]] void Rota(const std::string& problema) const;
 };
 
+// The library's own reach into an entity's typed members, for its templates
+// and adapters. Each requires an entity of the class the description was
+// built for: given another entity, a member access is undefined behaviour.
+// Hosts read and write fields through IEntidad (GetValor, SetValor ...).
+namespace detail {
 // Reads and writes the typed member of a field.
 Variant LeerMiembro(IEntidad& e, const CampoDef& c);
 void AsignarMiembro(IEntidad& e, const CampoDef& c, int32_t v);
@@ -111,25 +132,26 @@ void SetValorIndiceTexto(IEntidad& e, const TablaDef& t, int16_t indice, std::st
 void CargarEntidad(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro);
 std::shared_ptr<XML::IXMLDOMElement> ToXML(IEntidad& e, const TablaDef& t, ByRef<std::string> NombreElementoXML);
 }  // namespace EntidadOps
+}  // namespace detail
 
 // The base of every table entity class E; E gives `static const TablaDef& Def()`.
 template <class E>
 class TableEntity : public IEntidad {
 public:
-    Variant GetValor(ByRef<std::string> Campo) override { return EntidadOps::GetValor(*this, E::Def(), Campo); }
+    Variant GetValor(ByRef<std::string> Campo) override { return detail::EntidadOps::GetValor(*this, E::Def(), Campo); }
     Variant GetValorIndice(ByRef<int16_t> IndiceCampo) override {
-        return EntidadOps::GetValorIndice(*this, E::Def(), *IndiceCampo);
+        return detail::EntidadOps::GetValorIndice(*this, E::Def(), *IndiceCampo);
     }
     int32_t NumCampos() override { return E::Def().NumCampos; }
     std::string GetNombreCampo(ByRef<int16_t> IndiceCampo) override {
-        return EntidadOps::GetNombreCampo(E::Def(), *IndiceCampo);
+        return detail::EntidadOps::GetNombreCampo(E::Def(), *IndiceCampo);
     }
-    void CargarEntidad(ADODB::Fields& Registro) override { EntidadOps::CargarEntidad(*this, E::Def(), Registro); }
+    void CargarEntidad(ADODB::Fields& Registro) override { detail::EntidadOps::CargarEntidad(*this, E::Def(), Registro); }
     void SetValor(ByRef<std::string> Campo, ByRef<Variant> Valor) override {
-        EntidadOps::SetValor(*this, E::Def(), Campo, *Valor);
+        detail::EntidadOps::SetValor(*this, E::Def(), Campo, *Valor);
     }
     void SetValorIndice(ByRef<int16_t> IndiceCampo, ByRef<Variant> Valor) override {
-        EntidadOps::SetValorIndice(*this, E::Def(), *IndiceCampo, *Valor);
+        detail::EntidadOps::SetValorIndice(*this, E::Def(), *IndiceCampo, *Valor);
     }
     std::string Nombre() override { return std::string(E::Def().Tabla); }
     std::string Tabla() override { return std::string(E::Def().Tabla); }
@@ -138,7 +160,7 @@ public:
     // The entity as an XML element named NombreElementoXML, or the table
     // name when that is empty (written back to the argument).
     std::shared_ptr<XML::IXMLDOMElement> ToXML(ByRef<std::string> NombreElementoXML = {}) {
-        return EntidadOps::ToXML(*this, E::Def(), NombreElementoXML);
+        return detail::EntidadOps::ToXML(*this, E::Def(), NombreElementoXML);
     }
 };
 
@@ -186,7 +208,7 @@ public:
     CampoDef& Ultimo() { return def_.Campos.back(); }
     // A further index for an existing field (a second entry in the index table).
     TablaBuilder& IndiceExtra(int16_t indice, std::string_view nombre) {
-        Poner(indice, static_cast<int16_t>(def_.Buscar(nombre)));
+        Poner(indice, def_.Campo(nombre));
         return *this;
     }
     TablaDef& Def() { return def_; }

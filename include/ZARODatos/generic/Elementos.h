@@ -87,8 +87,8 @@ public:
     // The first element whose Nombre equals sNombre by text comparison (case
     // ignored), or no object.
     entElementoRef ItemClave(ByRef<std::string> sNombre);
-    // Appends the given object and returns it. No object raises 91: a list
-    // of elements holds elements.
+    // Appends the given object, no object too, and returns it; ItemClave then
+    // raises 91 when it reaches no object before a match.
     entElementoRef AddEntidad(ByRef<entElementoRef> Objeto);
     // A new element with both fields, appended and returned. A name already
     // there is not looked for: two calls with one name give two elements.

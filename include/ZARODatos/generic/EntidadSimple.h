@@ -84,7 +84,8 @@ public:
     // comparison with null is no match. A key that can not be compared (an
     // object, a byte array) raises 13.
     entEntidadSimpleRef ItemClave(ByRef<Variant> Clave1, ByRef<Variant> Clave2, ByRef<Variant> Clave3);
-    // Appends the given object and returns it. No object raises 91.
+    // Appends the given object, no object too, and returns it; ItemClave then
+    // raises 91 when it reaches no object before a match.
     entEntidadSimpleRef AddEntidad(ByRef<entEntidadSimpleRef> Objeto);
     // A new entity with the three keys, the description and the object,
     // appended and returned.

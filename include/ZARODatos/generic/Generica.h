@@ -106,7 +106,7 @@ public:
     // each loaded as CargarEntidad loads it, and leaves rs at its end. Adds
     // to what the list holds. No object in rs raises 91.
     void Cargar(ByRef<std::shared_ptr<ADODB::Recordset>> rs);
-    // Appends the given object and returns it. No object raises 91.
+    // Appends the given object, no object too, and returns it.
     entidadGenericaRef Add(ByRef<entidadGenericaRef> Objeto);
 };
 

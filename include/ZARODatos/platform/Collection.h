@@ -5,6 +5,9 @@
 // a missing key 5, a position out of range (0, above Count) 9.
 // BasicCollection<T> is the same collection over items of type T; the
 // platform's Collection holds Variants.
+// Ownership: a collection owns its items (Variants share their objects).
+// Thread: one thread at a time. Failures raise the platform's errors above;
+// nothing is caught.
 #pragma once
 
 #include <cstdint>

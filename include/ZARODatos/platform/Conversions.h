@@ -4,6 +4,10 @@
 // environment. A conversion that can not read its input raises the
 // platform's error: 13 "Type mismatch" for text that is no number or date,
 // 6 "Overflow" for a number out of range, 94 "Invalid use of Null" for Null.
+// Ownership: the functions keep no state but the host's locale.
+// Thread: any thread, at once. HostLocale::Set may run while other threads
+// convert: each conversion reads one snapshot of the settings, whole, and
+// the settings a Set replaces stay valid for the life of the process.
 #pragma once
 
 #include <cstdint>

@@ -44,7 +44,6 @@ namespace ErrNum {
 inline constexpr int32_t InvalidCall = 5;           // "Invalid procedure call or argument"
 inline constexpr int32_t Overflow = 6;              // "Overflow"
 inline constexpr int32_t SubscriptOutOfRange = 9;   // "Subscript out of range"
-inline constexpr int32_t DivisionByZero = 11;       // "Division by zero"
 inline constexpr int32_t TypeMismatch = 13;         // "Type mismatch"
 inline constexpr int32_t ObjectNotSet = 91;         // "Object variable or With block variable not set"
 inline constexpr int32_t InvalidUseOfNull = 94;     // "Invalid use of Null"

@@ -1,6 +1,12 @@
 // Screen services of the host: the mouse pointer, yielding to the screen and
 // the system beep. Headless by default (the pointer is remembered, DoEvents
 // and Beep do nothing but count); a host replaces them with SetScreen.
+//
+// Ownership: shared. Screen() hands out the services in force; a holder
+// keeps them alive, also when a host sets others meanwhile.
+// Thread: Screen() and SetScreen may be called from any thread; the services
+// themselves belong to the user-interface thread (their counts are not
+// atomic). They raise nothing.
 #pragma once
 
 #include <memory>
@@ -28,7 +34,7 @@ private:
 };
 
 // The current screen services (the headless default until a host sets one).
-ScreenServices& Screen();
+std::shared_ptr<ScreenServices> Screen();
 // Replaces the screen services; nullptr restores the headless default.
 void SetScreen(std::shared_ptr<ScreenServices> screen);
 

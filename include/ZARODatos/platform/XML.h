@@ -37,6 +37,16 @@ class DOMDocument;
 class IXMLDOMElement;
 class IXMLDOMText;
 
+namespace detail {
+struct XmlAccess;  // the service's own reach into its nodes, in its source
+}
+
+// The key of a node's constructor: only the service makes nodes.
+class NodeKey {
+    NodeKey() = default;
+    friend struct detail::XmlAccess;
+};
+
 class IXMLDOMNode : public Object {
 public:
     ~IXMLDOMNode() override;
@@ -54,11 +64,10 @@ public:
     std::vector<std::shared_ptr<IXMLDOMNode>> childNodes() const;
     bool hasChildNodes() const;
 
-    // Internal.
-    IXMLDOMNode(std::shared_ptr<DOMDocument> doc, _xmlNode* node);
-    _xmlNode* Native() const { return node_; }
+    IXMLDOMNode(NodeKey, std::shared_ptr<DOMDocument> doc, _xmlNode* node);
 
-protected:
+private:
+    friend struct detail::XmlAccess;
     std::shared_ptr<DOMDocument> doc_;
     _xmlNode* node_;
 };
@@ -99,10 +108,8 @@ public:
 
     std::string TypeName() const override { return "DOMDocument"; }
 
-    // Internal: the one wrapper of a node of this document.
-    std::shared_ptr<IXMLDOMNode> Wrap(_xmlNode* node);
-
 private:
+    friend struct detail::XmlAccess;
     DOMDocument();
     _xmlDoc* doc_;
     std::vector<_xmlNode*> created_;  // every node made here, to free those left outside the tree

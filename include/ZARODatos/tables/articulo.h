@@ -36,7 +36,7 @@ public:
     EntityRef ItemClave(const std::string& CD_ARTICULO) { return BuscarClave(CD_ARTICULO); }
 };
 
-class daarticulo : public TableAdapter<daarticulo, entarticulo, colarticulo> {
+class daarticulo : public TableAdapter<entarticulo, colarticulo> {
 public:
     void Delete(const std::string& CD_ARTICULO, ConexionArg adConexion = {}) {
         BorrarPorClave({Variant(CD_ARTICULO)}, adConexion);

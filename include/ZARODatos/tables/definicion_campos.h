@@ -33,7 +33,7 @@ public:
     EntityRef ItemClave(const std::string& Campo, const std::string& Tabla) { return BuscarClave(Campo, Tabla); }
 };
 
-class da_definicion_campos : public TableAdapter<da_definicion_campos, ent_definicion_campos, col_definicion_campos> {
+class da_definicion_campos : public TableAdapter<ent_definicion_campos, col_definicion_campos> {
 public:
     // The argument Tabla names the table of the statement and prefixes its conditions.
     void Delete(const std::string& Tabla, const std::string& Campo, ConexionArg adConexion = {}) {

@@ -49,8 +49,8 @@ public:
 class colinicio_dia : public ListaDia<colinicio_dia, entinicio_dia> {};
 class colfin_dia : public ListaDia<colfin_dia, entfin_dia> {};
 
-template <class Self, class E, class L>
-class AdapterDia : public TableAdapter<Self, E, L> {
+template <class E, class L>
+class AdapterDia : public TableAdapter<E, L> {
 public:
     using EntityRef = std::shared_ptr<E>;
     using ListRef = std::shared_ptr<L>;
@@ -71,7 +71,7 @@ public:
     }
 };
 
-class dainicio_dia : public AdapterDia<dainicio_dia, entinicio_dia, colinicio_dia> {};
-class dafin_dia : public AdapterDia<dafin_dia, entfin_dia, colfin_dia> {};
+class dainicio_dia : public AdapterDia<entinicio_dia, colinicio_dia> {};
+class dafin_dia : public AdapterDia<entfin_dia, colfin_dia> {};
 
 }  // namespace OVT_ZARO

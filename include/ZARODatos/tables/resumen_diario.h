@@ -68,7 +68,7 @@ public:
     }
 };
 
-class daresumen_diario : public TableAdapter<daresumen_diario, entresumen_diario, colresumen_diario> {
+class daresumen_diario : public TableAdapter<entresumen_diario, colresumen_diario> {
 public:
     void Delete(int32_t COD_TRANSACC, Date FECHA_REAL, int32_t ID_REGISTRO, int32_t CD_OP, Date FECHA_CONTABLE,
                 ConexionArg adConexion = {}) {

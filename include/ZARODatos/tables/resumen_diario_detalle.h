@@ -65,7 +65,7 @@ public:
 };
 
 class daresumen_diario_detalle
-    : public TableAdapter<daresumen_diario_detalle, entresumen_diario_detalle, colresumen_diario_detalle> {
+    : public TableAdapter<entresumen_diario_detalle, colresumen_diario_detalle> {
 public:
     void Delete(int32_t COD_TRANSACC, Date FECHA_REAL, int32_t ID_REGISTRO, int32_t TIPO_FAMILIA,
                 int32_t TIPO_SUBFAMILIA, int32_t TIPO_FISCAL, ConexionArg adConexion = {}) {

@@ -74,7 +74,7 @@ public:
     }
 };
 
-class daticket : public TableAdapter<daticket, entticket, colticket> {
+class daticket : public TableAdapter<entticket, colticket> {
 public:
     void Delete(int32_t idEmpresa, int32_t idRestaurante, int32_t idTPV, int32_t idTicket,
                 ConexionArg adConexion = {}) {

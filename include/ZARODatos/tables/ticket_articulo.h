@@ -68,7 +68,7 @@ public:
     }
 };
 
-class daticket_articulo : public TableAdapter<daticket_articulo, entticket_articulo, colticket_articulo> {
+class daticket_articulo : public TableAdapter<entticket_articulo, colticket_articulo> {
 public:
     void Delete(int32_t idEmpresa, int32_t idRestaurante, int32_t idTPV, int32_t idTicket, int32_t idLinea,
                 ConexionArg adConexion = {}) {

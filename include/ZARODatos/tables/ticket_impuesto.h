@@ -38,7 +38,7 @@ public:
     }
 };
 
-class daticket_impuesto : public TableAdapter<daticket_impuesto, entticket_impuesto, colticket_impuesto> {
+class daticket_impuesto : public TableAdapter<entticket_impuesto, colticket_impuesto> {
 public:
     void Delete(double porc_impuesto, int32_t idEmpresa, int32_t idRestaurante, int32_t idTPV, int32_t idTicket,
                 ConexionArg adConexion = {}) {

@@ -39,7 +39,7 @@ public:
     }
 };
 
-class daticket_pago : public TableAdapter<daticket_pago, entticket_pago, colticket_pago> {
+class daticket_pago : public TableAdapter<entticket_pago, colticket_pago> {
 public:
     void Delete(int32_t ID_REGISTRO, int32_t TIPO_PAGO, int32_t idEmpresa, int32_t idRestaurante, int32_t idTPV,
                 int32_t idTicket, ConexionArg adConexion = {}) {

@@ -6,6 +6,7 @@
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/ConversionsDetail.h"
 #include "platform/adodb/RecordsetImpl.h"
 #include "platform/adodb/Session.h"
 
@@ -175,11 +176,6 @@ StmtReader::OpenResult StmtReader::Open(Session& session, const std::string& sql
 
 namespace {
 
-void AppendTwo(std::string& s, unsigned v) {
-    s.push_back(static_cast<char>('0' + (v / 10) % 10));
-    s.push_back(static_cast<char>('0' + v % 10));
-}
-
 // A time value in the server's text form.
 void AppendTime(std::string& s, const MYSQL_TIME& t) {
     if (t.time_type == MYSQL_TIMESTAMP_TIME) {
@@ -190,21 +186,19 @@ void AppendTime(std::string& s, const MYSQL_TIME& t) {
         if (p - tmp < 2) s.push_back('0');
         s.append(tmp, p);
     } else {
-        char tmp[8];
-        std::snprintf(tmp, sizeof tmp, "%04u", t.year % 10000);
-        s.append(tmp, 4);
+        convdetail::AppendYear4(s, t.year % 10000);
         s.push_back('-');
-        AppendTwo(s, t.month);
+        convdetail::Append2(s, t.month);
         s.push_back('-');
-        AppendTwo(s, t.day);
+        convdetail::Append2(s, t.day);
         if (t.time_type == MYSQL_TIMESTAMP_DATE) return;
         s.push_back(' ');
-        AppendTwo(s, t.hour);
+        convdetail::Append2(s, t.hour);
     }
     s.push_back(':');
-    AppendTwo(s, t.minute);
+    convdetail::Append2(s, t.minute);
     s.push_back(':');
-    AppendTwo(s, t.second);
+    convdetail::Append2(s, t.second);
     if (t.second_part) {
         char tmp[8];
         std::snprintf(tmp, sizeof tmp, "%06lu", t.second_part % 1000000);

@@ -20,7 +20,7 @@ namespace OVT_ZARO::ADODB::detail {
 
 class Session;
 
-// The ADO type code and value kind of a column (one table, in TypeMap.cpp).
+// The ADO type code and value kind of a column (one table, in Fields.cpp).
 struct ColumnType {
     int ado;
     ValueKind kind;

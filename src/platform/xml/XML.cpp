@@ -11,7 +11,27 @@
 
 namespace OVT_ZARO::XML {
 
+// What the service reaches inside its nodes and documents.
+struct detail::XmlAccess {
+    static _xmlNode* Native(const IXMLDOMNode& n) { return n.node_; }
+    // The one wrapper of a node of the document.
+    static std::shared_ptr<IXMLDOMNode> Wrap(DOMDocument& d, _xmlNode* node) {
+        if (node->_private) {
+            if (auto existing = static_cast<IXMLDOMNode*>(node->_private)->weak_from_this().lock())
+                return std::static_pointer_cast<IXMLDOMNode>(existing);
+        }
+        auto self = std::static_pointer_cast<DOMDocument>(d.shared_from_this());
+        if (node->type == XML_ELEMENT_NODE) return std::make_shared<IXMLDOMElement>(NodeKey(), self, node);
+        return std::make_shared<IXMLDOMText>(NodeKey(), self, node);
+    }
+};
+
 namespace {
+
+using Access = detail::XmlAccess;
+
+xmlNodePtr Native(const IXMLDOMNode& n) { return Access::Native(n); }
+std::shared_ptr<IXMLDOMNode> Wrap(DOMDocument& d, xmlNodePtr n) { return Access::Wrap(d, n); }
 
 const char kSource[] = "XML.DOMDocument";
 
@@ -48,15 +68,15 @@ void CheckChild(const IXMLDOMNode& parent, const std::shared_ptr<IXMLDOMNode>& c
     if (!child) RaisePlatform(ErrNum::ObjectRequired, kSource);
     if (child->ownerDocument() != parent.ownerDocument())
         NotAllowed("The node belongs to another document and can not be inserted here.");
-    for (xmlNodePtr a = parent.Native(); a; a = a->parent)
-        if (a == child->Native()) NotAllowed("A node can not be inserted into itself or into its own descendant.");
+    for (xmlNodePtr a = Native(parent); a; a = a->parent)
+        if (a == Native(*child)) NotAllowed("A node can not be inserted into itself or into its own descendant.");
 }
 
 }  // namespace
 
 // ------------------------------------------------------------------ nodes
 
-IXMLDOMNode::IXMLDOMNode(std::shared_ptr<DOMDocument> doc, _xmlNode* node) : doc_(std::move(doc)), node_(node) {
+IXMLDOMNode::IXMLDOMNode(NodeKey, std::shared_ptr<DOMDocument> doc, _xmlNode* node) : doc_(std::move(doc)), node_(node) {
     node_->_private = this;
 }
 
@@ -81,7 +101,7 @@ std::string IXMLDOMNode::xml() const { return Dump(node_); }
 std::vector<std::shared_ptr<IXMLDOMNode>> IXMLDOMNode::childNodes() const {
     std::vector<std::shared_ptr<IXMLDOMNode>> r;
     if (node_->type != XML_ELEMENT_NODE) return r;
-    for (xmlNodePtr c = node_->children; c; c = c->next) r.push_back(doc_->Wrap(c));
+    for (xmlNodePtr c = node_->children; c; c = c->next) r.push_back(Wrap(*doc_, c));
     return r;
 }
 
@@ -89,7 +109,7 @@ bool IXMLDOMNode::hasChildNodes() const { return node_->type == XML_ELEMENT_NODE
 
 std::shared_ptr<IXMLDOMNode> IXMLDOMElement::appendChild(const std::shared_ptr<IXMLDOMNode>& child) {
     CheckChild(*this, child);
-    LinkLast(node_, child->Native());
+    LinkLast(Native(*this), Native(*child));
     return child;
 }
 
@@ -133,16 +153,6 @@ std::shared_ptr<DOMDocument> DOMDocument::Create() {
     return std::shared_ptr<DOMDocument>(new DOMDocument());
 }
 
-std::shared_ptr<IXMLDOMNode> DOMDocument::Wrap(_xmlNode* node) {
-    if (node->_private) {
-        if (auto existing = static_cast<IXMLDOMNode*>(node->_private)->weak_from_this().lock())
-            return std::static_pointer_cast<IXMLDOMNode>(existing);
-    }
-    auto self = std::static_pointer_cast<DOMDocument>(shared_from_this());
-    if (node->type == XML_ELEMENT_NODE) return std::make_shared<IXMLDOMElement>(self, node);
-    return std::make_shared<IXMLDOMText>(self, node);
-}
-
 std::shared_ptr<IXMLDOMElement> DOMDocument::createElement(const Variant& tagName) {
     const std::string name = CStr(tagName);
     if (name.empty() || xmlValidateName(X(name), 0) != 0)
@@ -150,7 +160,7 @@ std::shared_ptr<IXMLDOMElement> DOMDocument::createElement(const Variant& tagNam
     xmlNodePtr n = xmlNewDocNode(doc_, nullptr, X(name), nullptr);
     if (!n) OutOfMemory();
     created_.push_back(n);
-    return std::static_pointer_cast<IXMLDOMElement>(Wrap(n));
+    return std::static_pointer_cast<IXMLDOMElement>(Wrap(*this, n));
 }
 
 std::shared_ptr<IXMLDOMText> DOMDocument::createTextNode(const Variant& data) {
@@ -160,19 +170,19 @@ std::shared_ptr<IXMLDOMText> DOMDocument::createTextNode(const Variant& data) {
     xmlNodePtr n = xmlNewDocTextLen(doc_, X(text), static_cast<int>(text.size()));
     if (!n) OutOfMemory();
     created_.push_back(n);
-    return std::static_pointer_cast<IXMLDOMText>(Wrap(n));
+    return std::static_pointer_cast<IXMLDOMText>(Wrap(*this, n));
 }
 
 std::shared_ptr<IXMLDOMNode> DOMDocument::appendChild(const std::shared_ptr<IXMLDOMNode>& node) {
     if (!node) RaisePlatform(ErrNum::ObjectRequired, kSource);
     if (node->ownerDocument().get() != this)
         NotAllowed("The node belongs to another document and can not be inserted here.");
-    if (node->Native()->type != XML_ELEMENT_NODE) NotAllowed("Only an element can be the top of a document.");
+    if (Native(*node)->type != XML_ELEMENT_NODE) NotAllowed("Only an element can be the top of a document.");
     xmlNodePtr root = xmlDocGetRootElement(doc_);
-    if (root == node->Native()) return node;
+    if (root == Native(*node)) return node;
     if (root) NotAllowed("Only one top level element is allowed in an XML document.");
-    xmlUnlinkNode(node->Native());
-    xmlDocSetRootElement(doc_, node->Native());
+    xmlUnlinkNode(Native(*node));
+    xmlDocSetRootElement(doc_, Native(*node));
     return node;
 }
 
@@ -184,7 +194,7 @@ std::shared_ptr<IXMLDOMElement> DOMDocument::appendChild(const std::shared_ptr<I
 std::shared_ptr<IXMLDOMElement> DOMDocument::documentElement() {
     xmlNodePtr r = xmlDocGetRootElement(doc_);
     if (!r) return nullptr;
-    return std::static_pointer_cast<IXMLDOMElement>(Wrap(r));
+    return std::static_pointer_cast<IXMLDOMElement>(Wrap(*this, r));
 }
 
 std::string DOMDocument::xml() const { return Dump(xmlDocGetRootElement(doc_)); }

@@ -1,5 +1,6 @@
 // DataAdapters: the registry from which a caller gets the adapter of any
-// table, by property or by name.
+// table, by property or by name. It sits above the ten tables and serves
+// them in the order of their one list (LasTablas).
 //
 // It is handed one Connection (Conexion) and creates each adapter on first
 // use, giving it the connection as it stands at that moment; later changes
@@ -29,16 +30,16 @@ public:
     // The adapter of the table so named (exact, with regard to case), or no object.
     std::shared_ptr<IDataAdapter> DataAdapter(ByRef<std::string> Nombre);
 
-    std::shared_ptr<da_definicion_campos> definicion_campos() { return Obtener<da_definicion_campos>(0); }
-    std::shared_ptr<daarticulo> articulo() { return Obtener<daarticulo>(1); }
-    std::shared_ptr<dafin_dia> fin_dia() { return Obtener<dafin_dia>(2); }
-    std::shared_ptr<dainicio_dia> inicio_dia() { return Obtener<dainicio_dia>(3); }
-    std::shared_ptr<daresumen_diario> resumen_diario() { return Obtener<daresumen_diario>(4); }
-    std::shared_ptr<daresumen_diario_detalle> resumen_diario_detalle() { return Obtener<daresumen_diario_detalle>(5); }
-    std::shared_ptr<daticket> ticket() { return Obtener<daticket>(6); }
-    std::shared_ptr<daticket_articulo> ticket_articulo() { return Obtener<daticket_articulo>(7); }
-    std::shared_ptr<daticket_impuesto> ticket_impuesto() { return Obtener<daticket_impuesto>(8); }
-    std::shared_ptr<daticket_pago> ticket_pago() { return Obtener<daticket_pago>(9); }
+    std::shared_ptr<da_definicion_campos> definicion_campos() { return Obtener<da_definicion_campos>(); }
+    std::shared_ptr<daarticulo> articulo() { return Obtener<daarticulo>(); }
+    std::shared_ptr<dafin_dia> fin_dia() { return Obtener<dafin_dia>(); }
+    std::shared_ptr<dainicio_dia> inicio_dia() { return Obtener<dainicio_dia>(); }
+    std::shared_ptr<daresumen_diario> resumen_diario() { return Obtener<daresumen_diario>(); }
+    std::shared_ptr<daresumen_diario_detalle> resumen_diario_detalle() { return Obtener<daresumen_diario_detalle>(); }
+    std::shared_ptr<daticket> ticket() { return Obtener<daticket>(); }
+    std::shared_ptr<daticket_articulo> ticket_articulo() { return Obtener<daticket_articulo>(); }
+    std::shared_ptr<daticket_impuesto> ticket_impuesto() { return Obtener<daticket_impuesto>(); }
+    std::shared_ptr<daticket_pago> ticket_pago() { return Obtener<daticket_pago>(); }
 
     // Drops the ten held adapters; Conexion stays.
     void LiberarMemoria();
@@ -46,8 +47,10 @@ public:
     std::string TypeName() const override { return "DataAdapters"; }
 
 private:
+    // The held adapter of a listed table, created on first use.
     template <class A>
-    std::shared_ptr<A> Obtener(size_t i) {
+    std::shared_ptr<A> Obtener() {
+        constexpr size_t i = LasTablas::Lugar<A>();
         try {
             if (!adapters_[i]) {
                 auto nuevo = std::make_shared<A>();
@@ -60,7 +63,7 @@ private:
         }
     }
 
-    std::array<std::shared_ptr<AdapterBase>, 10> adapters_;
+    std::array<std::shared_ptr<AdapterBase>, LasTablas::Cuantas> adapters_;
 };
 
 }  // namespace OVT_ZARO
