@@ -4,7 +4,7 @@
 set -euo pipefail
 
 ZARO_PACKAGES=(g++ cmake make pkg-config man-db
-  libmariadbd-dev mariadb-server
+  libmariadbd-dev mariadb-server galera-4 rsync socat
   libxml2-dev libicu-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev

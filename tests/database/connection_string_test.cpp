@@ -158,3 +158,55 @@ TEST(ConnectionString, EmbeddedOptionsKeepTheEnginesOrdinaryOptions) {
         "--general_log_file=/tmp/g.log --innodb-log-file-size=8M --key_buffer_size=1M --init-connect=x'");
     EXPECT_EQ(o.serverOptions.size(), 8u);
 }
+
+TEST(ConnectionString, ServerListsServersTriedInOrderEachWithItsPortOrPort) {
+    const ConnectionOptions o = ParseConnectionString("Server=a:3307, b ,[::1]:3309,c;Port=3310;User=u");
+    EXPECT_FALSE(o.embedded);
+    ASSERT_EQ(o.servers.size(), 4u);
+    EXPECT_EQ(o.servers[0].host, "a");
+    EXPECT_EQ(o.servers[0].port, 3307u);
+    EXPECT_EQ(o.servers[1].host, "b");
+    EXPECT_EQ(o.servers[1].port, 3310u);
+    EXPECT_EQ(o.servers[2].host, "::1");
+    EXPECT_EQ(o.servers[2].port, 3309u);
+    EXPECT_EQ(o.servers[3].host, "c");
+    EXPECT_EQ(o.servers[3].port, 3310u);
+    // The first is the server of the one-server keys.
+    EXPECT_EQ(o.host, "a");
+    EXPECT_EQ(o.port, 3307u);
+}
+
+TEST(ConnectionString, OneServerMayCarryItsPortAndAnAddressWithColonsIsAHost) {
+    const ConnectionOptions a = ParseConnectionString("Server=db.example:3307");
+    EXPECT_EQ(a.host, "db.example");
+    EXPECT_EQ(a.port, 3307u);
+    ASSERT_EQ(a.servers.size(), 1u);
+    const ConnectionOptions b = ParseConnectionString("Server=::1;Port=3308");
+    EXPECT_EQ(b.host, "::1");
+    EXPECT_EQ(b.port, 3308u);
+    const ConnectionOptions c = ParseConnectionString("Server=h");
+    EXPECT_EQ(c.host, "h");
+    EXPECT_EQ(c.port, 3306u);
+    ASSERT_EQ(c.servers.size(), 1u);
+    EXPECT_TRUE(ParseConnectionString("Socket=/s").servers.empty());
+}
+
+TEST(ConnectionString, ABadServerListRaises3001NamingTheServer) {
+    for (const char* text : {"Server=a,,b", "Server=a,", "Server=,a", "Server=a:0", "Server=a:x", "Server=a:70000",
+                             "Server=[::1", "Server=[::1]x", "Server=[]:1", "Server=:3306", "Server=a: "}) {
+        SCOPED_TRACE(text);
+        const Error e = ParseError(text);
+        EXPECT_EQ(e.Number, 3001) << e.Description;
+        EXPECT_EQ(e.Source, "ADODB.Connection");
+        EXPECT_NE(e.Description.find("Server"), std::string::npos) << e.Description;
+    }
+    EXPECT_EQ(ParseError("Server=a:1:x").Number, 0);  // an IPv6 address, without a port
+}
+
+TEST(ConnectionString, AListOfServersDoesNotGoWithASocket) {
+    const Error e = ParseError("Server=a,b;Socket=/s");
+    EXPECT_EQ(e.Number, 3001);
+    EXPECT_EQ(e.Description, "Connection string: Socket names one server; it can not go with a list of servers in "
+                             "Server");
+    EXPECT_NO_THROW(ParseConnectionString("Server=localhost;Socket=/s"));
+}

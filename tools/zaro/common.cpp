@@ -65,6 +65,11 @@ Session::Session(const Options& options) : log_(options.log) {
     }
     registro_ = std::make_shared<DataAdapters>();
     registro_->Conexion = conexion_;
+    if (VariosServidores()) {
+        std::string lista;
+        for (const std::string& s : conexion_->Servers()) lista += (lista.empty() ? "" : ", ") + s;
+        AnotarConexion("opened on " + Servidor() + ", the first that answered of " + lista);
+    }
     // What the embedded engine prints from now on goes to the log file in its
     // data folder, not to the terminal.
     if (conexion_->IsEmbedded()) {
@@ -78,16 +83,42 @@ Session::Session(const Options& options) : log_(options.log) {
     }
 }
 
+std::string Session::Donde() const {
+    if (!VariosServidores()) return donde_;
+    return "the server " + Servidor() + " of --connect";
+}
+
+bool Session::VariosServidores() const { return conexion_->Servers().size() > 1; }
+
+std::string Session::Servidor() const { return conexion_->CurrentServer(); }
+
+bool Session::EnCluster() {
+    if (!cluster_) {
+        // The embedded database and other makes of server have no such variable.
+        try {
+            cluster_ = !conexion_->IsEmbedded() &&
+                       CDbl(Valor("select count(*) from information_schema.global_variables where "
+                                  "variable_name = 'WSREP_ON' and variable_value = 'ON'")) > 0;
+        } catch (const Error&) {
+            cluster_ = false;
+        }
+    }
+    return *cluster_;
+}
+
+void Session::AnotarConexion(const std::string& linea) { notasConexion_.push_back(linea); }
+
 void Session::RequireDatabase() {
     if (conexion_->IsEmbedded()) return;  // the embedded road always has one
     Variant db;
     try {
         db = Valor("select database()");
     } catch (const Error& e) {
-        throw DataError("can not ask " + donde_ + " for its database: " + DescribeError(e));
+        throw DataError("can not ask " + Donde() + " for its database: " + DescribeError(e));
     }
     if (db.IsNull() || (db.IsString() && db.Get<std::string>().empty()))
-        throw DataError("no database is selected on " + donde_ + ": give one with Database=NAME in the connection string");
+        throw DataError("no database is selected on " + Donde() +
+                        ": give one with Database=NAME in the connection string");
 }
 
 Session::~Session() {
@@ -132,7 +163,16 @@ int64_t Session::Filas(const std::string& tabla) {
     return static_cast<int64_t>(CDbl(Valor("select count(*) from `" + tabla + "`")));
 }
 
+std::string Session::Motor(const std::string& tabla) {
+    return CStr(Valor("select engine from information_schema.tables where table_schema = database() and "
+                      "table_name = " + SqlText(tabla)));
+}
+
 void Session::EscribirLog(std::ostream& out) {
+    if (!notasConexion_.empty()) {
+        for (const std::string& nota : notasConexion_) out << "[connection] " << nota << "\n";
+        out << "[connection] on " << Servidor() << " at the end\n";
+    }
     for (std::string tabla : TableList(*registro_)) {
         auto adapter = std::dynamic_pointer_cast<AdapterBase>(registro_->DataAdapter(tabla));
         if (!adapter || !adapter->LogSQL) continue;

@@ -24,19 +24,21 @@ std::string Count(size_t n, const char* one, const char* many) {
 // What PrepareTables did, in a line or three.
 std::string TablesLine(const std::vector<TableState>& states) {
     size_t created = 0, kept = 0;
-    std::string site, columns, missing;
+    std::string site, columns, converted, missing;
     auto add = [](std::string& list, const std::string& name) { list += (list.empty() ? "" : ", ") + name; };
     for (const TableState& s : states) {
         if (s.outcome.rfind("created", 0) == 0) ++created;
         if (s.outcome.rfind("kept", 0) == 0) ++kept;
         if (s.outcome.find("site's own table") != std::string::npos) add(site, s.tabla);
         if (s.outcome.find("site's columns") != std::string::npos) add(columns, s.tabla);
+        if (s.outcome.find("converted to InnoDB") != std::string::npos) add(converted, s.tabla);
         if (!s.usable) add(missing, s.tabla + " (" + s.outcome + ")");
     }
     if (!missing.empty()) throw DataError("the tables are not ready: " + missing);
     std::string line = "tables: " + std::to_string(created) + " created, " + std::to_string(kept) + " kept with rows";
     if (!site.empty()) line += "\n  the site's own statement made " + site;
     if (!columns.empty()) line += "\n  the site's columns added to " + columns;
+    if (!converted.empty()) line += "\n  converted to InnoDB for the cluster: " + converted;
     return line;
 }
 

@@ -1,6 +1,7 @@
 // The sample day: read from its files, deleted, saved and listed again,
 // always through the table adapters.
 #include <cstdio>
+#include <iostream>
 
 #include "demo.h"
 #include "exchange.h"
@@ -27,8 +28,10 @@ typename A::ListRef ImportSample(A& adapter, const std::string& carpeta) {
 template <class A>
 void Save(A& adapter, ListOf<A>& rows) {
     Progress none("", 0);  // never shown
-    const SaveResult r = SaveRows(adapter, rows, {}, none);
     const std::string archivo = adapter.Tabla() + ".txt";
+    // A line that went on through another server of the list is told at once.
+    const Notify notify = [&](const std::string& nota) { std::cout << "  " << archivo << " " << nota << std::endl; };
+    const SaveResult r = SaveRows(adapter, rows, {}, none, notify);
     if (r.stopSignal)
         throw Interrupted{r.stopSignal, "demo stopped at " + archivo + " " + r.StopReport() +
                                             "; the tables before it were saved whole; run zaro demo again to "

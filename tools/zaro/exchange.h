@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "failover.h"
 #include "process.h"
 #include "progress.h"
 #include "settle.h"
@@ -48,11 +49,14 @@ struct SaveResult {
 // all on the adapter's Conexion; the first failure stops it, and the rows
 // saved before it stay saved. Unlike GrabarDatos it tells what it did: when
 // the failure may have left the row written all the same, it looks (see
-// settle.h) and counts the row when it is there. A signal (see process.h)
-// stops it after the row in progress.
+// settle.h) and counts the row when it is there; with a list of servers it
+// goes on through the next one when the server it is on is lost, telling
+// notify of each such line at once (see failover.h). A signal (see
+// process.h) stops it after the row in progress.
 // empty[i] says whether row i + 1 came from an empty line.
 template <class A>
-SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty, Progress& progress) {
+SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty, Progress& progress,
+                    const Notify& notify = {}) {
     SaveResult r;
     size_t line = 0;
     for (const typename A::EntityRef& e : rows) {
@@ -69,35 +73,14 @@ SaveResult SaveRows(A& adapter, ListOf<A>& rows, const std::vector<bool>& empty,
             else r.skipped.push_back({line, OneLine(mensajes)});
             continue;
         }
-        enum { Looking, Inserting, Updating } step = Looking;
-        try {
-            if (adapter.Existe(*e)) {
-                step = Updating;
-                adapter.Update(*e);
-                ++r.updated;
-            } else {
-                step = Inserting;
-                adapter.Insert(*e);
-                ++r.inserted;
-            }
-        } catch (const Error& err) {
-            r.failure = err;
+        const RowOutcome o = SaveRow(adapter, e, line, notify);
+        r.inserted += o.inserted;
+        r.updated += o.updated;
+        if (o.failure) {
+            r.failure = o.failure;
             r.failedLine = line;
-            // Nothing was written while the key was looked for.
-            if (step == Looking && MayHaveBeenApplied(err)) {
-                r.fate = Fate::NotSaved;
-                r.fateWhy = "it failed while its key was looked for, before it was written";
-            }
-            if (step != Looking && err.Number == 1021) {
-                // A table whose write the full disk stopped is repaired when it
-                // opens again with room: only then can it be looked at.
-                r.fate = Fate::Unknown;
-                r.fateWhy = "the disk filled while it was written; the table is repaired when it is opened again "
-                            "once there is space";
-            } else if (step != Looking && MayHaveBeenApplied(err)) {
-                r.fate = SettleRow(adapter, e, step == Updating, r.fateWhy);
-                if (r.fate == Fate::Saved) ++(step == Updating ? r.updated : r.inserted);
-            }
+            r.fate = o.fate;
+            r.fateWhy = o.fateWhy;
             break;
         }
     }

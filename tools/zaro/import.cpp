@@ -27,13 +27,21 @@ int RunImport(const Options& options) {
             throw DataError("can not read " + archivo + " as " + tabla + ": " + DescribeError(e) +
                             "; nothing was saved");
         }
-        std::cout << "import " << archivo << " into " << tabla << ": ImportarTexto read " << Rows(rows->Count())
-                  << "\n";
+        const bool lista = session.VariosServidores();
+        std::cout << "import " << archivo << " into " << tabla << (lista ? " on " + session.Servidor() : "")
+                  << ": ImportarTexto read " << Rows(rows->Count()) << "\n";
         std::cout.flush();
         SaveResult r;
         {
             Progress progress("import " + tabla, static_cast<size_t>(rows->Count()));
-            r = SaveRows(adapter, *rows, EmptyPieces(texto), progress);
+            // A line that went on through another server is told at once.
+            const Notify notify = [&](const std::string& nota) {
+                progress.Finish();
+                std::cout << "  " << nota << "\n";
+                std::cout.flush();
+                session.AnotarConexion("import of " + archivo + ", " + nota);
+            };
+            r = SaveRows(adapter, *rows, EmptyPieces(texto), progress, notify);
         }
         for (const SkippedRow& s : r.skipped) std::cout << "  line " << s.line << " skipped: " << s.message << "\n";
         std::cout << "saved " << Rows(r.Saved()) << " (" << r.inserted << " inserted, " << r.updated << " updated)";
@@ -41,8 +49,9 @@ int RunImport(const Options& options) {
         if (r.emptySkipped) std::cout << "; skipped " << Lines(r.emptySkipped);
         std::cout << "\n";
         std::cout.flush();
-        if (r.stopSignal) throw Interrupted{r.stopSignal, "import stopped at " + r.StopReport()};
-        if (r.failure) throw DataError("import stopped at " + r.StopReport());
+        const std::string donde = lista ? "import stopped on " + session.Servidor() + " at " : "import stopped at ";
+        if (r.stopSignal) throw Interrupted{r.stopSignal, donde + r.StopReport()};
+        if (r.failure) throw DataError(donde + r.StopReport());
         return r.skipped.empty() ? kExitOk : kExitData;
     });
 }

@@ -29,7 +29,9 @@ const char* const kGlobalOptions =
     "  --db DIR            the embedded database in the folder DIR (default: ./zaro-data;\n"
     "                      made and set up on first use)\n"
     "  --connect \"STRING\"  a MariaDB or MySQL server instead, by a connection string such as\n"
-    "                      \"Server=127.0.0.1;Port=3306;User=zaro;Password=secret;Database=zaro\"\n"
+    "                      \"Server=127.0.0.1;Port=3306;User=zaro;Password=secret;Database=zaro\";\n"
+    "                      Server=HOST:PORT,HOST:PORT,... lists servers (a cluster's nodes) tried\n"
+    "                      in order, and named in zaro's messages and in --log\n"
     "  --log               write to standard error the statements the adapters ran (their LogSQL)\n"
     "  --help, -h          this help, or the help of the command it goes with\n"
     "  --version           the version of zaro and of the ZARODatos library it runs with\n";
@@ -82,6 +84,9 @@ const std::vector<Command>& Commands() {
          "and those for resumen_diario and resumen_diario_detalle lack the columns idEmpresa,\n"
          "idRestaurante and idTPV that the adapters write. Where that is so, zaro makes the\n"
          "site's table with its own statement, or adds the missing columns, and says so.\n"
+         "On a node of a Galera cluster (wsrep_on is ON) it converts the ten tables to InnoDB,\n"
+         "the only tables whose rows the cluster replicates, and says so; a table that holds\n"
+         "rows is copied into its InnoDB table, so that its rows reach every node.\n"
          "The exit status is 2 when a table is missing at the end.\n",
          0, 0, {}, RunInit},
         {"import", "TABLE FILE [--sep S]", "read a file of exchange text into a table",
@@ -92,8 +97,11 @@ const std::vector<Command>& Commands() {
          "ends with two). A failure stops the import: zaro names the line, the error (number,\n"
          "source, description) and the rows saved before it, which stay saved. When the failure\n"
          "may have written the row all the same (a lost connection, a server that stops\n"
-         "answering, a full disk), zaro looks for it and says whether it was saved. Ctrl-C or\n"
-         "SIGTERM stops the import after the row in progress, with the same report.\n"
+         "answering, a full disk), zaro looks for it and says whether it was saved. With a list\n"
+         "of servers in --connect, a lost server does not stop it: zaro goes on through the\n"
+         "next server of the list, looks there for the line that was in flight, saves it when\n"
+         "it is not there, and reports the line at once. Ctrl-C or SIGTERM stops the import\n"
+         "after the row in progress, with the same report.\n"
          "The exit status is 2 when a row was skipped or the import stopped.\n\n"
          "Options:\n"
          "  --sep S   the column separator (default \";\")\n",
@@ -136,7 +144,9 @@ const std::vector<Command>& Commands() {
          ZARO_WHERE_WARNING,
          2, 2, {"--where"}, RunTotals},
         {"tables", "", "each table and its row count",
-         "Lists the ten tables of the library with the rows each holds, or that it is missing.\n", 0, 0, {},
+         "Lists the ten tables of the library with the rows each holds, or that it is missing;\n"
+         "on a node of a Galera cluster, each table's engine too.\n",
+         0, 0, {},
          RunTables},
     };
     return commands;

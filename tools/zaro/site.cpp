@@ -47,9 +47,34 @@ std::string SiteStatement(const std::string& tabla, const TablaDef& def) {
     return sql;
 }
 
+// Makes a table InnoDB, so that a cluster replicates its rows. Gives what
+// was done, for the table's outcome.
+std::string ConvertForCluster(Session& session, const std::string& tabla) {
+    const std::string t = "`" + tabla + "`";
+    const int64_t rows = session.Filas(tabla);
+    if (rows == 0) {
+        // Made just now, on every node alike: altered in place on each.
+        session.Ejecutar("ALTER TABLE " + t + " ENGINE=InnoDB");
+        return "; converted to InnoDB for the cluster";
+    }
+    // Altered in place, each node would keep the rows it holds. The rows
+    // are copied into a new InnoDB table instead, which the cluster
+    // replicates, and it takes the table's place on every node.
+    const std::string nueva = "`" + tabla + "_zaro_innodb`", vieja = "`" + tabla + "_zaro_myisam`";
+    session.Ejecutar("DROP TABLE IF EXISTS " + nueva + ", " + vieja);
+    session.Ejecutar("CREATE TABLE " + nueva + " LIKE " + t);
+    session.Ejecutar("ALTER TABLE " + nueva + " ENGINE=InnoDB");
+    session.Ejecutar("INSERT INTO " + nueva + " SELECT * FROM " + t);
+    session.Ejecutar("RENAME TABLE " + t + " TO " + vieja + ", " + nueva + " TO " + t);
+    session.Ejecutar("DROP TABLE " + vieja);
+    return "; converted to InnoDB for the cluster, its " + std::to_string(rows) + (rows == 1 ? " row" : " rows") +
+           " copied";
+}
+
 }  // namespace
 
 std::vector<TableState> PrepareTables(Session& session) {
+    const bool cluster = session.EnCluster();
     std::vector<TableState> states;
     DataAdapters& registro = session.Registro();
     for (const std::string& tabla : TableList(registro)) {
@@ -81,6 +106,8 @@ std::vector<TableState> PrepareTables(Session& session) {
                     s.outcome += "; added the site's columns " + names;
                 }
             }
+            if (cluster && session.TablaExiste(s.tabla) && session.Motor(s.tabla) != "InnoDB")
+                s.outcome += ConvertForCluster(session, s.tabla);
         } catch (const Error& e) {
             s.outcome += "; the site's statement failed: " + DescribeError(e);
         }

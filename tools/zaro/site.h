@@ -9,7 +9,13 @@
 //     adapter's select list names them;
 //   - resumen_diario and resumen_diario_detalle: the library's statement
 //     lacks idEmpresa, idRestaurante and idTPV, which Insert and Update
-//     write, so the tool adds them.
+//     write, so the tool adds them;
+//   - on a node of a Galera cluster (wsrep_on): the library's statements make
+//     MyISAM tables, whose rows the cluster does not replicate, so the tool
+//     converts each of the ten tables to InnoDB. An empty table (just made)
+//     is altered; a table that holds rows is copied into an InnoDB table of
+//     the same make, which takes its place, so that its rows reach every
+//     node (the rows of the node zaro is on are the ones kept).
 #pragma once
 
 #include <string>

@@ -62,8 +62,21 @@ public:
 
     ConnectionRef& Conexion() { return conexion_; }
     DataAdapters& Registro() { return *registro_; }
-    // Where the data lives, for messages: "the embedded database in zaro-data".
-    const std::string& Donde() const { return donde_; }
+    // Where the data lives, for messages: "the embedded database in zaro-data",
+    // "the server of --connect"; with a list of servers, the one the
+    // connection is on: "the server 10.0.0.5:3306 of --connect".
+    std::string Donde() const;
+
+    // Whether --connect lists more than one server, and the server the
+    // connection is on ("host:port"; empty on the embedded database).
+    bool VariosServidores() const;
+    std::string Servidor() const;
+    // Whether the server is a node of a Galera cluster (wsrep_on is ON);
+    // asked once.
+    bool EnCluster();
+    // A line about the connection for --log ("[connection] ..."), with a
+    // list of servers: where it opened, where it went on after a lost one.
+    void AnotarConexion(const std::string& linea);
 
     // A DataError on a server when the connection chose no database.
     void RequireDatabase();
@@ -75,6 +88,8 @@ public:
     bool TablaExiste(const std::string& tabla);
     bool ColumnaExiste(const std::string& tabla, const std::string& columna);
     int64_t Filas(const std::string& tabla);
+    // The storage engine of a table ("MyISAM", "InnoDB").
+    std::string Motor(const std::string& tabla);
 
     // Writes the statements every adapter logged in LogSQL, "[tabla]
     // statement" one per line. With --log the session does so to standard
@@ -86,6 +101,8 @@ private:
     ConnectionRef conexion_;
     std::shared_ptr<DataAdapters> registro_;
     std::string donde_;
+    std::optional<bool> cluster_;
+    std::vector<std::string> notasConexion_;
 };
 
 // The folder of the sample trading day when --sample names none: the one

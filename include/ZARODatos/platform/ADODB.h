@@ -239,6 +239,14 @@ public:
     int64_t RecordsAffected() const;
     // True when the session runs on the embedded database.
     bool IsEmbedded() const;
+    // The server the session is on, as "host:port" (the socket's path over a
+    // socket alone); empty on the embedded road and while closed. With a list
+    // of servers it changes when a lost server makes the next call open on
+    // another one of the list; until then it names the lost one.
+    std::string CurrentServer() const;
+    // The servers of the connection string, "host:port" each, in the order
+    // they are tried; empty on the embedded road and while closed.
+    std::vector<std::string> Servers() const;
 
     std::string ConnectionString;
     std::string TypeName() const override { return "Connection"; }

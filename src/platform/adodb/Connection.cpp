@@ -35,6 +35,12 @@ int Connection::State() const { return session_ && session_->IsOpen() ? adStateO
 
 bool Connection::IsEmbedded() const { return session_ && session_->Embedded(); }
 
+std::string Connection::CurrentServer() const { return session_ ? session_->CurrentServer() : std::string(); }
+
+std::vector<std::string> Connection::Servers() const {
+    return session_ ? session_->ServerNames() : std::vector<std::string>();
+}
+
 int64_t Connection::RecordsAffected() const { return session_ ? session_->lastAffected : -1; }
 
 std::shared_ptr<Recordset> Connection::Execute(const std::string& CommandText, int Options) {

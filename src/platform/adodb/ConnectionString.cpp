@@ -41,11 +41,66 @@ unsigned ParseUnsigned(const std::string& key, const std::string& value, unsigne
     return v;
 }
 
+[[noreturn]] void NotBracketed(std::string_view entry) {
+    Bad("the server '" + std::string(entry) + "' in Server is not [address] or [address]:port");
+}
+
 const char* const kKnownKeys =
     "DataDir, EmbeddedOptions, Server (or Host), Port, Socket, User (or UID), Password (or PWD), Database, "
     "ConnectTimeout, CommandTimeout";
 
 }  // namespace
+
+std::vector<ServerAddress> ParseServerList(std::string_view text, unsigned defaultPort) {
+    std::vector<ServerAddress> out;
+    size_t start = 0;
+    for (;;) {
+        const size_t comma = text.find(',', start);
+        const std::string_view entry =
+            TrimBlanks(text.substr(start, comma == std::string_view::npos ? std::string_view::npos : comma - start));
+        if (entry.empty()) Bad("Server lists an empty server ('" + std::string(text) + "')");
+        ServerAddress a{std::string(entry), defaultPort};
+        std::string_view portText;
+        bool hasPort = false;
+        if (entry.front() == '[') {
+            // [v6] or [v6]:port
+            const size_t close = entry.find(']');
+            if (close == std::string_view::npos || close == 1) NotBracketed(entry);
+            a.host = std::string(entry.substr(1, close - 1));
+            const std::string_view rest = entry.substr(close + 1);
+            if (!rest.empty()) {
+                if (rest.front() != ':') NotBracketed(entry);
+                portText = rest.substr(1);
+                hasPort = true;
+            }
+        } else if (const size_t colon = entry.find(':');
+                   colon != std::string_view::npos && entry.find(':', colon + 1) == std::string_view::npos) {
+            // host:port (an address with more colons is an IPv6 address without a port)
+            a.host = std::string(TrimBlanks(entry.substr(0, colon)));
+            portText = TrimBlanks(entry.substr(colon + 1));
+            hasPort = true;
+            if (a.host.empty()) Bad("the server '" + std::string(entry) + "' in Server has no host");
+        }
+        if (hasPort) {
+            unsigned v = 0;
+            auto [p, ec] = std::from_chars(portText.data(), portText.data() + portText.size(), v);
+            if (portText.empty() || ec != std::errc() || p != portText.data() + portText.size() || v == 0 ||
+                v > 65535)
+                Bad("the port of the server '" + std::string(entry) +
+                    "' in Server must be a whole number from 1 to 65535");
+            a.port = v;
+        }
+        out.push_back(std::move(a));
+        if (comma == std::string_view::npos) break;
+        start = comma + 1;
+    }
+    return out;
+}
+
+std::string ServerText(const ServerAddress& server) {
+    const bool v6 = server.host.find(':') != std::string::npos;
+    return (v6 ? "[" + server.host + "]" : server.host) + ":" + std::to_string(server.port);
+}
 
 std::vector<std::string> SplitServerOptions(std::string_view text) {
     std::vector<std::string> out;
@@ -168,6 +223,16 @@ ConnectionOptions ParseConnectionString(std::string_view text) {
             serverOnlyKey = rawKey;
     }
     if (serverKey && o.host.empty() && o.socket.empty()) Bad("Port needs Server (or Host)");
+    if (!o.host.empty()) {
+        // One server as before (a port of its own, "host:port", is taken too),
+        // or a list of servers tried in order.
+        const std::string text = o.host;
+        o.servers = ParseServerList(text, o.port);
+        if (o.servers.size() > 1 && !o.socket.empty())
+            Bad("Socket names one server; it can not go with a list of servers in Server");
+        o.host = o.servers.front().host;
+        o.port = o.servers.front().port;
+    }
     if (serverKey && embeddedKey) Bad("DataDir and EmbeddedOptions belong to the embedded database, not to a server");
     // Keys of a server alone would open the embedded database unasked.
     if (!serverKey && !serverOnlyKey.empty()) Bad(serverOnlyKey + " needs Server, Port or Socket");

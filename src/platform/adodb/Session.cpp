@@ -31,6 +31,8 @@ const char* const kNoBackslashEscapes =
     "SESSION sql_mode = CONCAT_WS(',', NULLIF(@@SESSION.sql_mode, ''), 'NO_BACKSLASH_ESCAPES')";
 // The database's number for a full disk.
 constexpr int32_t kDiskFull = 1021;
+// A cluster node's answer while it is not ready for statements.
+constexpr unsigned kNodeNotReady = 1047;
 
 unsigned LocalPort(MYSQL* m) {
     sockaddr_storage a{};
@@ -57,7 +59,7 @@ Session::Session(const ConnectionOptions& options) : options_(options), thread_(
 
 std::shared_ptr<Session> Session::Open(const ConnectionOptions& options) {
     std::shared_ptr<Session> s(new Session(options));
-    s->Call([&] { s->Connect(); });
+    s->Call([&] { s->Connect(0); });
     engine::Register(s.get());
     s->registered_ = true;
     return s;
@@ -85,9 +87,24 @@ void Session::FreePending() {
     pendingFree_.clear();
 }
 
-void Session::Connect() {
+void Session::Connect(size_t first) {
     engine::EnsureClientLibrary();
     if (options_.embedded) engine::EnsureEmbeddedServer(options_.dataDir, options_.serverOptions);
+    MYSQL* m = options_.servers.size() > 1 ? OpenFromList(first)
+                                           : OpenHandle(options_.host.empty() ? nullptr : options_.host.c_str(),
+                                                        options_.embedded ? 0 : options_.port);
+    mysql_ = m;
+    lost_ = false;
+    modeLost_ = false;
+    if (options_.embedded) {
+        sessionId_ = m->thd ? thd_get_thread_id(m->thd) : 0;
+    } else {
+        sessionId_ = mysql_thread_id(m);
+        localPort_ = options_.socket.empty() ? LocalPort(m) : 0;
+    }
+}
+
+MYSQL* Session::OpenHandle(const char* host, unsigned port) {
     MYSQL* m = mysql_init(nullptr);
     if (!m) throw Error(CR_OUT_OF_MEMORY, kConnSource, "The database client is out of memory.");
     if (options_.embedded) {
@@ -102,12 +119,11 @@ void Session::Connect() {
         }
     }
     mysql_options(m, MYSQL_SET_CHARSET_NAME, "utf8mb4");
-    const char* host = options_.host.empty() ? nullptr : options_.host.c_str();
     const char* sock = options_.socket.empty() ? nullptr : options_.socket.c_str();
     const char* db = (options_.embedded || options_.database.empty()) ? nullptr : options_.database.c_str();
     if (!mysql_real_connect(m, host, options_.embedded ? nullptr : options_.user.c_str(),
-                            options_.embedded ? nullptr : options_.password.c_str(), db,
-                            options_.embedded ? 0 : options_.port, sock, CLIENT_MULTI_RESULTS)) {
+                            options_.embedded ? nullptr : options_.password.c_str(), db, port, sock,
+                            CLIENT_MULTI_RESULTS)) {
         Error e(static_cast<int32_t>(mysql_errno(m)), kConnSource, mysql_error(m));
         mysql_close(m);
         throw e;
@@ -128,15 +144,7 @@ void Session::Connect() {
         mysql_close(m);
         throw e;
     }
-    mysql_ = m;
-    lost_ = false;
-    modeLost_ = false;
-    if (options_.embedded) {
-        sessionId_ = m->thd ? thd_get_thread_id(m->thd) : 0;
-    } else {
-        sessionId_ = mysql_thread_id(m);
-        localPort_ = options_.socket.empty() ? LocalPort(m) : 0;
-    }
+    return m;
 }
 
 void Session::Disconnect() {
@@ -148,6 +156,9 @@ void Session::NoteError(unsigned errNo) {
     if (!options_.embedded && (errNo == CR_SERVER_GONE_ERROR || errNo == CR_SERVER_LOST ||
                                errNo == CR_SERVER_LOST_EXTENDED || errNo == CR_CONN_HOST_ERROR))
         lost_ = true;
+    // With a list of servers, a cluster node that is no longer ready for
+    // statements (1047) is left for the next one too.
+    if (options_.servers.size() > 1 && errNo == kNodeNotReady) lost_ = true;
 }
 
 namespace {
@@ -232,13 +243,21 @@ void Session::EnsureConnected(const char* source) {
     if (!options_.embedded && mysql_ && sessionId_ && !lostId_) {
         lostId_ = sessionId_;
         lostPort_ = localPort_;
+        lostServer_ = server_;
     }
     Disconnect();
     try {
-        Connect();
+        // With a list of servers, the next one first, the lost one last.
+        Connect(NextServer());
     } catch (const Error& e) {
         lost_ = true;
         throw Error(e.Number, source, e.Description);
+    }
+    // The lost session can be ended only from its own server; on another
+    // server of the list there is nothing of it to wait for.
+    if (lostId_ && server_ != lostServer_) {
+        lostId_ = 0;
+        lostPort_ = 0;
     }
     if (lostId_) EndLostSession(source);
 }

@@ -36,6 +36,12 @@ public:
 
     bool IsOpen() const { return mysql_ != nullptr || lost_; }
     bool Embedded() const { return options_.embedded; }
+    // The server the session is on: "host:port", or the socket's path; empty
+    // on the embedded road. After a lost server, the lost one until another
+    // opens.
+    std::string CurrentServer() const;
+    // The servers of the connection string in the order they are tried.
+    std::vector<std::string> ServerNames() const;
     MYSQL* Handle() const { return mysql_; }
     // True while an engine call of this session runs.
     bool InCall() const { return thread_ && thread_->Busy(); }
@@ -78,7 +84,16 @@ public:
 
 private:
     explicit Session(const ConnectionOptions& options);
-    void Connect();      // on the engine thread
+    // Opens the session: the one server, or the first of the list that takes
+    // it, from the server numbered first on (see ServerList.cpp).
+    void Connect(size_t first);  // on the engine thread
+    // A handle on one server with the session's settings, or an Error.
+    MYSQL* OpenHandle(const char* host, unsigned port);  // on the engine thread
+    MYSQL* OpenFromList(size_t first);                   // on the engine thread
+    // Raises 1047 when the server is a cluster node not ready for statements.
+    static void CheckReady(MYSQL* m);
+    // The server to try first after a lost one: the next of the list.
+    size_t NextServer() const { return options_.servers.empty() ? 0 : (server_ + 1) % options_.servers.size(); }
     void Disconnect();   // on the engine thread
     void CloseRecordsets();
     void FreePending();  // on the engine thread
@@ -100,6 +115,9 @@ private:
     unsigned localPort_ = 0;
     unsigned long lostId_ = 0;
     unsigned lostPort_ = 0;
+    // The server of the list the session is on, and that of the lost session.
+    size_t server_ = 0;
+    size_t lostServer_ = 0;
     bool registered_ = false;
     bool exited_ = false;
     std::vector<RecordsetImpl*> recordsets_;
