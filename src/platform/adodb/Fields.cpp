@@ -151,23 +151,30 @@ inline bool Seconds(const char* p, size_t n, double& out) {
     return true;
 }
 
-// "YYYY-MM-DD[ HH:MM:SS[.ffffff]]" to a Date; Null for the zero date, a date
-// with a zero month or day, or text that is no date.
-Variant DateValue(const char* p, size_t n) {
+// "YYYY-MM-DD[ HH:MM:SS[.ffffff]]" to a Date; false for the zero date, a
+// date with a zero month or day, or text that is no date.
+bool DateOf(const char* p, size_t n, Date& out) {
     int y, mo, d;
     if (n < 10 || p[4] != '-' || p[7] != '-' || !Digits(p, 4, y) || !Digits(p + 5, 2, mo) || !Digits(p + 8, 2, d))
-        return Variant::Null();
-    if (mo < 1 || mo > 12 || d < 1 || d > datemath::DaysInMonth(y, mo) || y < 1) return Variant::Null();
+        return false;
+    if (mo < 1 || mo > 12 || d < 1 || d > datemath::DaysInMonth(y, mo) || y < 1) return false;
     double secs = 0;
     if (n > 10) {
         int h, mi;
         if (n < 19 || p[10] != ' ' || p[13] != ':' || p[16] != ':' || !Digits(p + 11, 2, h) || !Digits(p + 14, 2, mi) ||
             !Seconds(p + 17, n - 17, secs))
-            return Variant::Null();
+            return false;
         secs += h * 3600.0 + mi * 60.0;
     }
     const int64_t day = datemath::SerialDayFromCivil(y, mo, d);
-    return Variant(Date(datemath::SerialFromDayAndTime(day, secs / 86400.0)));
+    out = Date(datemath::SerialFromDayAndTime(day, secs / 86400.0));
+    return true;
+}
+
+// The same as a value: Null where DateOf gives false.
+Variant DateValue(const char* p, size_t n) {
+    Date d;
+    return DateOf(p, n, d) ? Variant(d) : Variant::Null();
 }
 
 // "[-]H+:MM:SS[.ffffff]" to a Date that holds a time (hours over 24 count days).
@@ -202,14 +209,25 @@ inline bool Whole(const char* p, size_t n, T& out) {
 
 }  // namespace detail
 
+namespace detail {
+namespace {
+// The text of a field's cell in the current row (null for SQL NULL); raises
+// as Value does without a current row.
+inline const char* CellOf(const RowState& r, int32_t index, size_t& n) {
+    if (!r.open) RaiseField(AdoErr::ObjectClosed);
+    if (!r.hasRow) RaiseField(AdoErr::NoCurrentRecord);
+    const char* p = r.cells[index];
+    n = p ? r.lengths[index] : 0;
+    return p;
+}
+}  // namespace
+}  // namespace detail
+
 Variant Field::Value() const {
     using detail::ValueKind;
-    const detail::RowState& r = *row_;
-    if (!r.open) detail::RaiseField(AdoErr::ObjectClosed);
-    if (!r.hasRow) detail::RaiseField(AdoErr::NoCurrentRecord);
-    const char* p = r.cells[index_];
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
     if (!p) return Variant::Null();
-    const size_t n = r.lengths[index_];
     switch (kind_) {
         case ValueKind::Null: return Variant::Null();
         case ValueKind::Long: {
@@ -255,6 +273,49 @@ Variant Field::Value() const {
     return Variant(std::string(p, n));
 }
 
+// Each read gives what Value gives, of one type: Value's case of the kind,
+// without the Variant.
+Field::Read Field::ReadLong(int32_t& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ == detail::ValueKind::Long && detail::Whole(p, n, out)) return Read::Done;
+    return Read::Other;
+}
+
+Field::Read Field::ReadDouble(double& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ == detail::ValueKind::Double && detail::Whole(p, n, out)) return Read::Done;
+    if (kind_ == detail::ValueKind::Long) {
+        int32_t v;
+        if (detail::Whole(p, n, v)) {
+            out = v;
+            return Read::Done;
+        }
+    }
+    return Read::Other;
+}
+
+Field::Read Field::ReadDate(Date& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ == detail::ValueKind::Date || kind_ == detail::ValueKind::DateTime)
+        return detail::DateOf(p, n, out) ? Read::Done : Read::Null;
+    return Read::Other;
+}
+
+Field::Read Field::ReadText(std::string& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ != detail::ValueKind::String) return Read::Other;
+    out.assign(p, n);
+    return Read::Done;
+}
+
 // ------------------------------------------------------------ Fields
 
 namespace {
@@ -289,6 +350,8 @@ inline bool HasNonAscii(std::string_view s) {
 
 void Fields::Reset(std::vector<Field> fields) {
     fields_ = std::move(fields);
+    positionsReader_ = nullptr;
+    positions_.clear();
     uint32_t size = 8;
     while (size < fields_.size() * 2) size <<= 1;
     slots_.assign(size, -1);
@@ -321,6 +384,16 @@ int32_t Fields::IndexOf(std::string_view name) const {
             if (TextEquals(fields_[i].Name(), name)) return static_cast<int32_t>(i);
     }
     return -1;
+}
+
+const std::vector<int32_t>& Fields::PositionsFor(const void* reader, size_t count,
+                                                  std::string_view (*name)(const void* reader, size_t i)) {
+    if (reader != positionsReader_ || positions_.size() != count) {
+        positions_.clear();
+        for (size_t i = 0; i < count; ++i) positions_.push_back(IndexOf(name(reader, i)));
+        positionsReader_ = reader;
+    }
+    return positions_;
 }
 
 Field& Fields::Item(int32_t index) {
