@@ -61,6 +61,10 @@ public:
         if (!e) RaisePlatform(ErrNum::ObjectNotSet);
         items_.Add(e);
     }
+    void Anexar(EntityRef&& e) {
+        if (!e) RaisePlatform(ErrNum::ObjectNotSet);
+        items_.Add(std::move(e));
+    }
     void Reservar(size_t n) { items_.Reserve(n); }
 
 protected:

@@ -189,9 +189,11 @@ public:
                                              std::string_view (*name)(const void* reader, size_t i));
 
 private:
+    void BuildIndex() const;
     std::vector<Field> fields_;
-    std::vector<int32_t> slots_;  // open-addressing index by case-folded name
-    uint32_t mask_ = 0;
+    mutable std::vector<int32_t> slots_;  // open-addressing index by case-folded name
+    mutable uint32_t mask_ = 0;
+    mutable bool indexed_ = false;
     const void* positionsReader_ = nullptr;
     std::vector<int32_t> positions_;
 };

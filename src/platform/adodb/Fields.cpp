@@ -1,5 +1,7 @@
+#include <array>
 #include <charconv>
 #include <cstring>
+#include <iterator>
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Conversions.h"
@@ -103,7 +105,15 @@ constexpr unsigned kBinaryCharset = 63;
 }  // namespace
 
 ColumnType MapColumnType(const MYSQL_FIELD& f) {
-    for (const TypeRule& r : kTypeTable) {
+    // The scan starts at the first rule of the column's type.
+    static const auto first = [] {
+        std::array<uint8_t, 256> at;
+        at.fill(static_cast<uint8_t>(std::size(kTypeTable)));
+        for (size_t i = std::size(kTypeTable); i-- > 0;) at[kTypeTable[i].mysql & 0xFF] = static_cast<uint8_t>(i);
+        return at;
+    }();
+    for (size_t i = first[static_cast<unsigned>(f.type) & 0xFF]; i < std::size(kTypeTable); ++i) {
+        const TypeRule& r = kTypeTable[i];
         if (r.mysql != f.type) continue;
         bool ok = true;
         switch (r.when) {
@@ -352,10 +362,18 @@ void Fields::Reset(std::vector<Field> fields) {
     fields_ = std::move(fields);
     positionsReader_ = nullptr;
     positions_.clear();
+    indexed_ = false;
     uint32_t size = 8;
     while (size < fields_.size() * 2) size <<= 1;
     slots_.assign(size, -1);
     mask_ = size - 1;
+}
+
+// The index by name is filled by the first look-up by name (its room is made
+// when the columns are set, so that a look-up allocates nothing): a recordset
+// read by position needs none.
+void Fields::BuildIndex() const {
+    indexed_ = true;
     for (int32_t i = 0; i < static_cast<int32_t>(fields_.size()); ++i) {
         const std::string& name = fields_[static_cast<size_t>(i)].Name();
         uint32_t s = HashFolded(name) & mask_;
@@ -373,6 +391,7 @@ void Fields::Reset(std::vector<Field> fields) {
 
 int32_t Fields::IndexOf(std::string_view name) const {
     if (fields_.empty()) return -1;
+    if (!indexed_) BuildIndex();
     uint32_t s = HashFolded(name) & mask_;
     while (slots_[s] >= 0) {
         if (EqualsFolded(fields_[static_cast<size_t>(slots_[s])].Name(), name)) return slots_[s];
@@ -388,11 +407,17 @@ int32_t Fields::IndexOf(std::string_view name) const {
 
 const std::vector<int32_t>& Fields::PositionsFor(const void* reader, size_t count,
                                                   std::string_view (*name)(const void* reader, size_t i)) {
-    if (reader != positionsReader_ || positions_.size() != count) {
-        positions_.clear();
-        for (size_t i = 0; i < count; ++i) positions_.push_back(IndexOf(name(reader, i)));
-        positionsReader_ = reader;
-    }
+    if (reader == positionsReader_ && positions_.size() == count) return positions_;
+    positions_.clear();
+    positionsReader_ = reader;
+    // Most often the columns are the names themselves, in their order: then
+    // name i is at column i, unless an earlier name is the same.
+    bool inOrder = count <= fields_.size();
+    for (size_t i = 0; inOrder && i < count; ++i) inOrder = EqualsFolded(fields_[i].Name(), name(reader, i));
+    for (size_t i = 0; inOrder && i < count; ++i)
+        for (size_t j = 0; inOrder && j < i; ++j) inOrder = !EqualsFolded(fields_[j].Name(), fields_[i].Name());
+    for (size_t i = 0; i < count; ++i)
+        positions_.push_back(inOrder ? static_cast<int32_t>(i) : IndexOf(name(reader, i)));
     return positions_;
 }
 
