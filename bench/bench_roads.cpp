@@ -22,7 +22,8 @@
 // average (1 minute) is taken before each slice. Printed: each round's sum
 // per side, then per work the median ratio over the rounds and its range.
 //
-//   bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert]
+//   bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert] [--side zaro|raw]
+// (--side runs one side alone, for a profiler.)
 #include <mysql.h>
 #include <stdlib.h>
 #include <time.h>
@@ -421,12 +422,14 @@ int main(int argc, char** argv) {
     int rounds = 7;
     std::string which = "both";
     std::string only;
+    std::string oneSide;  // one side alone (for a profiler): zaro or raw
     for (int i = 1; i < argc; ++i) {
         const std::string a = argv[i];
         if (a == "--rounds" && i + 1 < argc) rounds = std::atoi(argv[++i]);
         else if (a == "--road" && i + 1 < argc) which = argv[++i];
         else if (a == "--work" && i + 1 < argc) only = argv[++i];
-        else Fail("usage: bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert]");
+        else if (a == "--side" && i + 1 < argc) oneSide = argv[++i];
+        else Fail("usage: bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert] [--side zaro|raw]");
     }
     std::vector<Road> roads;
     zaro_test::MariaDbServer* server = nullptr;
@@ -475,6 +478,7 @@ int main(int argc, char** argv) {
                     m.loadMax = std::max(m.loadMax, load);
                     for (int turn = 0; turn < 2; ++turn) {
                         const bool zaro = (round + chunk + static_cast<int>(wi) + turn) % 2 == 0;
+                        if (!oneSide.empty() && oneSide != (zaro ? "zaro" : "raw")) continue;
                         if (work == "insert") ResetInsertTable(road);
                         std::string check;
                         const double c0 = CpuMs();
