@@ -23,7 +23,8 @@
 // per side, then per work the median ratio over the rounds and its range.
 //
 //   bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert] [--side zaro|raw]
-// (--side runs one side alone, for a profiler.)
+// (--side runs one side alone, for a profiler; --server-keys adds keys to the
+// connection string of the library's side on the server road.)
 #include <mysql.h>
 #include <stdlib.h>
 #include <time.h>
@@ -423,13 +424,15 @@ int main(int argc, char** argv) {
     std::string which = "both";
     std::string only;
     std::string oneSide;  // one side alone (for a profiler): zaro or raw
+    std::string serverKeys;  // more keys of the server road's connection string
     for (int i = 1; i < argc; ++i) {
         const std::string a = argv[i];
         if (a == "--rounds" && i + 1 < argc) rounds = std::atoi(argv[++i]);
         else if (a == "--road" && i + 1 < argc) which = argv[++i];
         else if (a == "--work" && i + 1 < argc) only = argv[++i];
         else if (a == "--side" && i + 1 < argc) oneSide = argv[++i];
-        else Fail("usage: bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert] [--side zaro|raw]");
+        else if (a == "--server-keys" && i + 1 < argc) serverKeys = argv[++i];
+        else Fail("usage: bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert] [--side zaro|raw] [--server-keys ';Key=Value']");
     }
     std::vector<Road> roads;
     zaro_test::MariaDbServer* server = nullptr;
@@ -445,7 +448,7 @@ int main(int argc, char** argv) {
         admin->Execute("CREATE DATABASE IF NOT EXISTS zaro_bench");
         admin->Close();
         r.cn = std::make_shared<ADODB::Connection>();
-        r.cn->Open("Socket=" + r.socket + ";User=root;Database=zaro_bench");
+        r.cn->Open("Socket=" + r.socket + ";User=root;Database=zaro_bench" + serverKeys);
         roads.push_back(std::move(r));
     }
     if (which == "both" || which == "embedded") {

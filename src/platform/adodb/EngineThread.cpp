@@ -39,7 +39,9 @@ constexpr int64_t kLookEveryNs = 5000000;
 // at once hands over faster). The sign is the number of threads of the
 // machine running or waiting for a processor now, which the kernel gives in
 // /proc/loadavg: looked at every 5 milliseconds by the caller, the sides spin
-// while the machine's other threads leave a processor for each of them.
+// while the machine's other threads leave a processor for each of them (and
+// always for a caller of real-time priority, which those threads do not
+// preempt).
 // Where that file can not be read, the sign is the caller's own involuntary
 // context switches, sampled every 64 waits: after a busy sample the sides
 // sleep at once for the next 1,024 waits, then try spinning again.
@@ -93,6 +95,13 @@ int64_t EngineThread::SpinPolicy::Budget(bool workerAwake) {
         if (sched_getaffinity(0, sizeof set, &set) == 0) n = std::min<long>(n, CPU_COUNT(&set));
         return n;
     }();
+    // A caller of real-time priority is not preempted by the machine's other
+    // threads: its sides always have their processors.
+    const int policy = sched_getscheduler(0);
+    if (policy == SCHED_FIFO || policy == SCHED_RR) {
+        budgetNs_.store(kSpinNs, std::memory_order_relaxed);
+        return Current();
+    }
     const int running = RunnableThreads(loadFd_);
     if (running < 0) {
         close(loadFd_);
