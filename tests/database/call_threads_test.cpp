@@ -1,10 +1,14 @@
 // Which thread runs a connection's statements: on the server road the
 // caller's own (no thread of the connection's), on the embedded road the
 // connection's engine thread. A server connection serves callers on threads
-// that come and go, and a process that used both roads from several threads
-// ends at once and silently.
+// that come and go; a process that used both roads from several threads ends
+// at once and silently, and at once even while a thread that called a server
+// still runs.
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -122,6 +126,46 @@ TEST(CallThreadsChild, DISABLED_BothRoadsFromSeveralThreads) {
     EXPECT_EQ(One(*remote, "SELECT 3"), Variant(int32_t{3}));
     static auto keep = remote;
     static auto keepLocal = local;
+}
+
+// The body of the child below: a thread that called a server still runs
+// when the process ends.
+TEST(CallThreadsChild, DISABLED_AThreadOfTheServerRoadStillRunsAtTheEnd) {
+    const char* server = std::getenv("ZARO_CHILD_SERVER");
+    const char* dir = std::getenv("ZARO_CHILD_DATADIR");
+    ASSERT_NE(server, nullptr);
+    ASSERT_NE(dir, nullptr);
+    auto local = std::make_shared<ADODB::Connection>();
+    local->Open(std::string("DataDir=") + dir);
+    std::atomic<bool> called{false};
+    std::thread([&called, cs = std::string(server)] {
+        auto cn = std::make_shared<ADODB::Connection>();
+        cn->Open(cs);
+        One(*cn, "SELECT 1");
+        called = true;
+        for (;;) std::this_thread::sleep_for(std::chrono::seconds(60));
+    }).detach();
+    while (!called) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    static auto keepLocal = local;
+    std::printf("body ended at %.3f\n",
+                std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count());
+}
+
+TEST(CallThreads, AProcessEndsAtOnceWhileAThreadThatCalledAServerStillRuns) {
+    zaro_test::OpenRoad(ServerRoad())->Close();
+    const std::string dir = zaro_test::ProgramTempFolder() + "/viva-" + std::to_string(getpid());
+    const auto r = zaro_test::RunTestChild("CallThreadsChild.DISABLED_AThreadOfTheServerRoadStillRunsAtTheEnd",
+                                           {{"ZARO_CHILD_SERVER", ServerRoad().connectionString},
+                                            {"ZARO_CHILD_DATADIR", dir}},
+                                           120);
+    const double now = std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+    EXPECT_TRUE(r.Passed()) << r.out << r.err;
+    const size_t at = r.out.find("body ended at ");
+    ASSERT_NE(at, std::string::npos) << r.out;
+    const double ended = std::stod(r.out.substr(at + 14));
+    // The engine library's end would wait five seconds for that thread (it
+    // still says on standard error that threads did not exit).
+    EXPECT_LT(now - ended, 3.0) << r.err;
 }
 
 TEST(CallThreads, AProcessThatUsedBothRoadsFromSeveralThreadsEndsAtOnceAndSilently) {

@@ -20,6 +20,9 @@ public:
     CallerThread(const CallerThread&) = delete;
     CallerThread& operator=(const CallerThread&) = delete;
 
+    // The threads announced so far that have not ended yet.
+    static int Announced();
+
 private:
     // True when the thread must leave again after the call.
     static bool Enter();
