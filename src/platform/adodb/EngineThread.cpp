@@ -1,17 +1,13 @@
 #include "platform/adodb/EngineThread.h"
 
-#include <fcntl.h>
 #include <linux/futex.h>
 #include <sched.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <climits>
-#include <cstring>
 
 #include <mysql.h>
 
@@ -26,112 +22,32 @@ namespace {
 // processor.
 constexpr int64_t kSpinNs = 150000;
 constexpr int64_t kSpinAloneNs = 5000;
-// How often the caller looks at the machine.
-constexpr int64_t kLookEveryNs = 5000000;
 
 }  // namespace
 
-// Whether spinning pays now. A spinning side holds a processor while it
-// waits: that pays when the machine has a processor to spare for each side
-// (then the hand-over costs well under a microsecond), and costs dearly when
-// it has not, since the spinning side then takes the processor from the very
-// thread it waits for, or from the other work of the machine (then sleeping
-// at once hands over faster). The sign is the number of threads of the
-// machine running or waiting for a processor now, which the kernel gives in
-// /proc/loadavg: looked at every 5 milliseconds by the caller, the sides spin
-// while the machine's other threads leave a processor for each of them (and
-// always for a caller of real-time priority, which those threads do not
-// preempt).
-// Where that file can not be read, the sign is the caller's own involuntary
-// context switches, sampled every 64 waits: after a busy sample the sides
-// sleep at once for the next 1,024 waits, then try spinning again.
-EngineThread::SpinPolicy::SpinPolicy() : budgetNs_(kSpinNs) {
-    loadFd_ = open("/proc/loadavg", O_RDONLY | O_CLOEXEC);
-}
-
-EngineThread::SpinPolicy::~SpinPolicy() {
-    if (loadFd_ >= 0) close(loadFd_);
-}
-
-namespace {
-
-int64_t NowNs() {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
-// The threads of the machine running or waiting for a processor now (the
-// fourth field of /proc/loadavg, "running/total"); -1 when unknown.
-int RunnableThreads(int fd) {
-    char buf[128];
-    const ssize_t n = pread(fd, buf, sizeof buf - 1, 0);
-    if (n <= 0) return -1;
-    buf[n] = 0;
-    const char* p = buf;
-    for (int field = 0; field < 3; ++field) {
-        p = std::strchr(p, ' ');
-        if (!p) return -1;
-        ++p;
-    }
-    int running = 0;
-    auto [end, ec] = std::from_chars(p, buf + n, running);
-    return ec == std::errc() && *end == '/' ? running : -1;
-}
-
-}  // namespace
-
-int64_t EngineThread::SpinPolicy::Budget(bool workerAwake) {
-    if (loadFd_ < 0) {
-        budgetNs_.store(Preempted(), std::memory_order_relaxed);
-        return Current();
-    }
-    const int64_t now = NowNs();
-    if (now < nextLook_) return Current();
-    nextLook_ = now + kLookEveryNs;
-    // The processors the process may use, and none beyond the machine's.
-    static const long processors = [] {
-        long n = sysconf(_SC_NPROCESSORS_ONLN);
-        cpu_set_t set;
-        if (sched_getaffinity(0, sizeof set, &set) == 0) n = std::min<long>(n, CPU_COUNT(&set));
-        return n;
-    }();
-    // A caller of real-time priority is not preempted by the machine's other
-    // threads: its sides always have their processors.
-    const int policy = sched_getscheduler(0);
-    if (policy == SCHED_FIFO || policy == SCHED_RR) {
-        budgetNs_.store(kSpinNs, std::memory_order_relaxed);
-        return Current();
-    }
-    const int running = RunnableThreads(loadFd_);
-    if (running < 0) {
-        close(loadFd_);
-        loadFd_ = -1;
-        return Current();
-    }
-    // The caller runs; the engine thread counts when it is awake.
-    const int others = running - 1 - (workerAwake ? 1 : 0);
-    budgetNs_.store(others <= processors - 2 ? kSpinNs : 0, std::memory_order_relaxed);
-    return Current();
-}
-
-int64_t EngineThread::SpinPolicy::Preempted() {
-    if ((++waits_ & 63) != 0) return Current();
+// Whether spinning pays now. On a machine with more runnable threads than
+// processors a spinning thread is preempted, and takes the processor from
+// the very thread it waits for: then sleeping at once hands over faster. The
+// sign is the waiting thread's own involuntary context switches, sampled
+// every 64 waits; after a busy sample the side sleeps at once for the next
+// 1,024 waits, then tries spinning again.
+int64_t EngineThread::SpinGauge::Budget() {
+    if ((++waits & 63) != 0) return budgetNs;
     rusage ru{};
     getrusage(RUSAGE_THREAD, &ru);
     const long preempted = ru.ru_nivcsw;
-    int64_t budget = Current();
-    if (lastPreempted_ >= 0) {
-        if (preempted - lastPreempted_ > 2) {
-            budget = 0;
-            hold_ = 16;
-        } else if (hold_ > 0) {
-            --hold_;
+    if (lastPreempted >= 0) {
+        if (preempted - lastPreempted > 2) {
+            budgetNs = 0;
+            hold = 16;
+        } else if (hold > 0) {
+            --hold;
         } else {
-            budget = kSpinNs;
+            budgetNs = kSpinNs;
         }
     }
-    lastPreempted_ = preempted;
-    return budget;
+    lastPreempted = preempted;
+    return budgetNs;
 }
 
 namespace {
@@ -195,13 +111,13 @@ EngineThread::~EngineThread() {
 }
 
 void EngineThread::Dispatch(void (*fn)(void*), void* arg) {
-    const int64_t budget = spin_.Budget(!workerSleeping_.load(std::memory_order_relaxed));
     fn_ = fn;
     arg_ = arg;
     const uint32_t seq = posted_.load(std::memory_order_relaxed) + 1;
     posted_.store(seq, std::memory_order_seq_cst);
     if (workerSleeping_.load(std::memory_order_seq_cst)) FutexWake(posted_);
     uint32_t d = done_.load(std::memory_order_acquire);
+    const int64_t budget = callerGauge_.Budget();
     while (d != seq) d = WaitChange(done_, d, callerSleeping_, budget);
 }
 
@@ -210,7 +126,7 @@ void EngineThread::Loop() {
     mysql_thread_init();
     uint32_t seen = 0;
     for (;;) {
-        const uint32_t seq = WaitChange(posted_, seen, workerSleeping_, spin_.Current());
+        const uint32_t seq = WaitChange(posted_, seen, workerSleeping_, workerGauge_.Budget());
         seen = seq;
         const bool last = stop_;
         fn_(arg_);

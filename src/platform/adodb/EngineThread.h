@@ -1,11 +1,10 @@
 // EngineThread (internal): a thread that runs a connection's engine calls.
 //
 // Run(f) hands f to the thread and waits for it; f's result or exception
-// comes back to the caller. While the machine has a processor to spare for
-// each side, both sides spin briefly (150 microseconds) before they sleep, so
-// that a call that follows another costs about a microsecond of hand-over;
-// on a machine without (more runnable threads than processors) they sleep
-// at once, which is faster there.
+// comes back to the caller. Both sides spin briefly (150 microseconds) before
+// they sleep, so that on an idle machine a call that follows another costs
+// about a microsecond of hand-over; on a machine with more runnable threads
+// than processors they sleep at once, which is faster there.
 // REQUIRES: one caller at a time.
 #pragma once
 
@@ -75,25 +74,13 @@ public:
     bool OnThread() const { return std::this_thread::get_id() == thread_.get_id(); }
 
 private:
-    // Whether the waiting sides spin, and for how long (see the .cpp); kept
-    // by the caller, read by both sides.
-    class SpinPolicy {
-    public:
-        SpinPolicy();
-        ~SpinPolicy();
-        // Looks at the machine now and then; workerAwake: whether the engine
-        // thread is running or spinning now.
-        int64_t Budget(bool workerAwake);
-        int64_t Current() const { return budgetNs_.load(std::memory_order_relaxed); }
-
-    private:
-        int64_t Preempted();  // the rule without the machine's figures
-        std::atomic<int64_t> budgetNs_;
-        int64_t nextLook_ = 0;
-        int loadFd_ = -1;
-        uint32_t waits_ = 0;
-        long lastPreempted_ = -1;
-        int hold_ = 0;
+    // Whether a waiting side spins, and for how long (see the .cpp).
+    struct SpinGauge {
+        int64_t Budget();
+        int64_t budgetNs = 150000;
+        uint32_t waits = 0;
+        long lastPreempted = -1;
+        int hold = 0;
     };
 
     void Dispatch(void (*fn)(void*), void* arg);
@@ -106,7 +93,8 @@ private:
     std::atomic<uint32_t> done_{0};
     std::atomic<uint32_t> workerSleeping_{0};
     std::atomic<uint32_t> callerSleeping_{0};
-    SpinPolicy spin_;
+    SpinGauge callerGauge_;  // used by the caller only
+    SpinGauge workerGauge_;  // used by the engine thread only
     std::thread thread_;
 };
 
