@@ -20,11 +20,14 @@
 // taken before each slice.
 //
 //   bench_peers [--rounds N] [--works read,lookup,insert,plain] [--contenders zaro,raw,soci,qt,rawc]
+//               [--also NAME=PATH]
 //
 // Contenders: zaro (ZARODatos: daarticulo.Listar, .Entidad, .Insert and
 // Connection.Execute), raw (the C API over the engine library's client, the
 // baseline of the ratios), soci (SOCI 4), qt (Qt SQL 6, QMYSQL), rawc (the C
-// API over Connector/C, the peers' client library).
+// API over Connector/C, the peers' client library); --also adds the
+// ZARODatos contender of another build's bench_peers under a name of its own
+// (to compare two builds of the library in one run).
 #include <limits.h>
 #include <stdlib.h>
 #include <sys/wait.h>
@@ -272,12 +275,6 @@ int Driver(int argc, char** argv) {
     int rounds = 5;
     std::vector<std::string> works{"read", "lookup", "insert", "plain"};
     std::vector<std::string> wanted{"zaro", "raw", "soci", "qt", "rawc"};
-    for (int i = 1; i + 1 < argc; i += 2) {
-        const std::string k = argv[i];
-        if (k == "--rounds") rounds = std::atoi(argv[i + 1]);
-        else if (k == "--works") works = Split(argv[i + 1]);
-        else if (k == "--contenders") wanted = Split(argv[i + 1]);
-    }
     const std::string here = Here();
     const std::string self = here + "/bench_peers";
     std::map<std::string, std::vector<std::string>> known{{"zaro", {self, "--contender", "zaro"}},
@@ -285,6 +282,26 @@ int Driver(int argc, char** argv) {
                                                           {"soci", {here + "/bench_peer_soci"}},
                                                           {"qt", {here + "/bench_peer_qt"}},
                                                           {"rawc", {here + "/bench_peer_rawc"}}};
+    for (int i = 1; i + 1 < argc; i += 2) {
+        const std::string k = argv[i];
+        if (k == "--rounds") {
+            rounds = std::atoi(argv[i + 1]);
+        } else if (k == "--works") {
+            works = Split(argv[i + 1]);
+        } else if (k == "--contenders") {
+            wanted = Split(argv[i + 1]);
+        } else if (k == "--also") {
+            // NAME=PATH: the ZARODatos contender of another build's bench_peers.
+            const std::string a = argv[i + 1];
+            const size_t eq = a.find('=');
+            if (eq == std::string::npos) {
+                std::fprintf(stderr, "--also NAME=PATH\n");
+                return 1;
+            }
+            known[a.substr(0, eq)] = {a.substr(eq + 1), "--contender", "zaro"};
+            wanted.push_back(a.substr(0, eq));
+        }
+    }
     std::vector<Contender> contenders;
     for (const std::string& w : wanted) {
         auto it = known.find(w);
