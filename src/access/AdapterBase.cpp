@@ -76,9 +76,11 @@ void AdapterBase::ConstruirSelect() {
     OrderBy = unir(def_.OrderBy);
 }
 
-void AdapterBase::Registrar(const std::string& sql) {
+void AdapterBase::Registrar(const std::string& sql) { Registrar(std::string(sql)); }
+
+void AdapterBase::Registrar(std::string&& sql) {
     if (!LogSQL) LogSQL = std::make_shared<Collection>();
-    LogSQL->Add(Variant(sql));
+    LogSQL->Add(Variant(std::move(sql)));
 }
 
 ConnectionRef& AdapterBase::ElegirConexion(ConexionArg& adConexion, const char* descripcion) {
@@ -197,7 +199,7 @@ void AdapterBase::InsertDe(IEntidad& e, ConexionArg adConexion) {
     }
     sql += ")";
     BasTroquel::EjecutarSQL(conexion, sql);
-    Registrar(sql);
+    Registrar(std::move(sql));
 }
 
 void AdapterBase::UpdateDe(IEntidad& e, ConexionArg adConexion) {
@@ -223,7 +225,7 @@ void AdapterBase::UpdateDe(IEntidad& e, ConexionArg adConexion) {
         AnexarCondiciones(sql, def_, tabla_, ClavesDe(e, def_), kDeUnaFila);
         sql += "  ";
         BasTroquel::EjecutarSQL(conexion, sql);
-        Registrar(sql);
+        Registrar(std::move(sql));
     } catch (...) {
         Reraise(def_.FuenteUpdate);
     }
@@ -238,7 +240,7 @@ void AdapterBase::DeleteDe(const std::vector<Variant>& claves, ConexionArg adCon
     AnexarCondiciones(sql, def_, tabla, claves, kDeUnaFila);
     sql += "  ";
     BasTroquel::EjecutarSQL(conexion, sql);
-    Registrar(sql);
+    Registrar(std::move(sql));
 }
 
 std::string AdapterBase::ConsultaEntidad(const std::vector<Variant>& claves) const {
@@ -269,7 +271,7 @@ std::shared_ptr<ADODB::Recordset> AdapterBase::rsListar_SQLQuery(ByRef<std::stri
         std::string sql = ContainsText(*sqlQueryText, "order by") ? *sqlQueryText : *sqlQueryText + " " + OrderBy;
         auto rs = std::make_shared<ADODB::Recordset>();
         rs->Open(sql, conexion, ADODB::adOpenStatic, ADODB::adLockReadOnly, -1);
-        Registrar(sql);
+        Registrar(std::move(sql));
         return rs;
     } catch (...) {
         Reraise(def_.FuenteAdapter);

@@ -300,10 +300,73 @@ void SetValorIndiceTexto(IEntidad& e, const TablaDef& t, int16_t indice, std::st
     }
 }
 
+namespace {
+
+std::string_view NombreDeCampo(const void* tabla, size_t i) {
+    return static_cast<const TablaDef*>(tabla)->Campos[i].Nombre;
+}
+
+// The load of a row with a current row: each field found by its position,
+// looked up once per recordset, and read straight into its member; only a
+// cell of another type than the member's goes through its Value, as the load
+// by name does.
+void CargarPorPosicion(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro, const Variant& cero,
+                       const Variant& vacio) {
+    using Read = ADODB::Field::Read;
+    const std::vector<int32_t>& posiciones = Registro.PositionsFor(&t, t.Campos.size(), NombreDeCampo);
+    for (size_t i = 0; i < t.Campos.size(); ++i) {
+        const CampoDef& c = t.Campos[i];
+        const int32_t k = posiciones[i];
+        // A missing column gives the field its default, as the load by name does.
+        ADODB::Field* f = k >= 0 ? &Registro.Item(k) : nullptr;
+        switch (c.Tipo) {
+            case TipoCampo::Entero: {
+                int32_t v = 0;
+                const Read r = f ? f->ReadLong(v) : Read::Null;
+                if (r == Read::Other) v = CLng(BasTroquel::ValorPorDefecto(f->Value(), cero));
+                e.*c.Miembro.Entero = r == Read::Null ? CLng(cero) : v;
+                break;
+            }
+            case TipoCampo::Doble: {
+                double v = 0;
+                const Read r = f ? f->ReadDouble(v) : Read::Null;
+                if (r == Read::Other) v = CDbl(BasTroquel::ValorPorDefecto(f->Value(), cero));
+                e.*c.Miembro.Doble = r == Read::Null ? CDbl(cero) : v;
+                break;
+            }
+            case TipoCampo::Fecha: {
+                Date v;
+                const Read r = f ? f->ReadDate(v) : Read::Null;
+                if (r == Read::Other) v = CDate(BasTroquel::ValorPorDefecto(f->Value(), cero));
+                e.*c.Miembro.Fecha = r == Read::Null ? CDate(cero) : v;
+                break;
+            }
+            case TipoCampo::Texto: {
+                std::string& destino = e.*c.Miembro.Texto;
+                const Read r = f ? f->ReadText(destino) : Read::Null;
+                if (r == Read::Null) {
+                    destino.clear();
+                } else if (r == Read::Other) {
+                    Variant v = BasTroquel::ValorPorDefecto(f->Value(), vacio);
+                    if (std::string* s = v.Is<std::string>() ? &v.Get<std::string>() : nullptr) destino = std::move(*s);
+                    else destino = CStr(v);
+                }
+                break;
+            }
+        }
+    }
+}
+
+}  // namespace
+
 void CargarEntidad(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro) {
     try {
         const Variant cero(int16_t{0});
         const Variant vacio(std::string{});
+        if (Registro.Count() > 0 && Registro.Item(int32_t{0}).HasValue()) {
+            CargarPorPosicion(e, t, Registro, cero, vacio);
+            return;
+        }
         for (const CampoDef& c : t.Campos) {
             switch (c.Tipo) {
                 case TipoCampo::Entero:

@@ -217,13 +217,37 @@ CompareResult CompareVariants(const Variant& a, const Variant& b, CompareMethod 
     return CompareNumeric(x, y);
 }
 
+namespace {
+// Whether needle is in haystack, ASCII letters compared ignoring case: the
+// places of the needle's first letter, in either case, are found with memchr
+// (every read of an adapter asks this of its whole statement).
+bool ContainsAscii(std::string_view haystack, std::string_view needle) {
+    if (needle.size() > haystack.size()) return false;
+    const char lower = AsciiLower(needle[0]);
+    const char upper = (lower >= 'a' && lower <= 'z') ? static_cast<char>(lower - 32) : lower;
+    const char* const begin = haystack.data();
+    const char* const last = begin + (haystack.size() - needle.size()) + 1;  // past the last possible start
+    auto next = [&](const char* from, char c) {
+        const void* p = std::memchr(from, c, static_cast<size_t>(last - from));
+        return p ? static_cast<const char*>(p) : last;
+    };
+    const char* nextLower = next(begin, lower);
+    const char* nextUpper = upper == lower ? last : next(begin, upper);
+    for (;;) {
+        const char* at = std::min(nextLower, nextUpper);
+        if (at == last) return false;
+        size_t k = 1;
+        while (k < needle.size() && AsciiLower(at[k]) == AsciiLower(needle[k])) ++k;
+        if (k == needle.size()) return true;
+        if (at == nextLower) nextLower = next(at + 1, lower);
+        else nextUpper = next(at + 1, upper);
+    }
+}
+}  // namespace
+
 bool ContainsText(std::string_view haystack, std::string_view needle) {
     if (needle.empty()) return true;
-    if (IsAscii(haystack) && IsAscii(needle)) {
-        auto it = std::search(haystack.begin(), haystack.end(), needle.begin(), needle.end(),
-                              [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
-        return it != haystack.end();
-    }
+    if (IsAscii(haystack) && IsAscii(needle)) return ContainsAscii(haystack, needle);
     const std::u16string h = Fold(haystack);
     const std::u16string n = Fold(needle);
     return std::u16string_view(h).find(n) != std::u16string_view::npos;

@@ -157,6 +157,20 @@ TEST(ContainsText, FindsTextIgnoringCase) {
     EXPECT_FALSE(ContainsText("canci\xC3\xB3n", "cion"));
 }
 
+TEST(ContainsText, FindsTheTextWhereverItStandsAndWhateverTheCaseOfEachLetter) {
+    EXPECT_TRUE(ContainsText("order by a", "ORDER BY"));
+    EXPECT_TRUE(ContainsText("select a from t ORDER By a", "order by"));
+    EXPECT_TRUE(ContainsText("select a from t order by", "order by"));
+    EXPECT_TRUE(ContainsText("ooOrder by", "order by"));
+    EXPECT_TRUE(ContainsText("Orde Order byX", "order by"));
+    EXPECT_FALSE(ContainsText("select COD_OP from t orden by a", "order by"));
+    EXPECT_FALSE(ContainsText("order b", "order by"));
+    EXPECT_FALSE(ContainsText("ab", "abc"));
+    EXPECT_TRUE(ContainsText("x = 1 and y = 2", " = 2"));
+    EXPECT_FALSE(ContainsText("x = 1 and y = 2", " = 3"));
+    EXPECT_TRUE(ContainsText("a", "A"));
+}
+
 TEST(ContainsText, EmptyNeedleIsAlwaysFound) {
     EXPECT_TRUE(ContainsText("abc", ""));
     EXPECT_TRUE(ContainsText("", ""));

@@ -72,6 +72,7 @@ public:
     // Appends without a key (the body of AddEntidad and of the queries).
     // A list never rejects an element: no object is appended as it is.
     void Anexar(const EntityRef& e) { items_.Add(e); }
+    void Anexar(EntityRef&& e) { items_.Add(std::move(e)); }
     void Reservar(size_t n) { items_.Reserve(n); }
 
 protected:

@@ -85,6 +85,7 @@ protected:
         f(texto.substr(inicio));
     }
     void Registrar(const std::string& sql);
+    void Registrar(std::string&& sql);
     // The connection of an operation: adConexion, else Conexion (written back
     // to adConexion); neither raises 1 with the given description.
     ConnectionRef& ElegirConexion(ConexionArg& adConexion, const char* descripcion);
@@ -133,7 +134,7 @@ public:
             while (!rs->EOF_()) {
                 auto e = std::make_shared<E>();
                 e->CargarEntidad(campos);
-                lista->Anexar(e);
+                lista->Anexar(std::move(e));
                 rs->MoveNext();
             }
             rs->Close();

@@ -139,6 +139,19 @@ public:
           const detail::RowState* row)
         : name_(std::move(name)), type_(type), kind_(kind), definedSize_(definedSize), index_(index), row_(row) {}
 
+    // Internal, for loaders of typed members: the current cell read straight
+    // into a value of one type, without a Variant. Null: the cell is SQL NULL
+    // (or, for a date, a value Value gives as Null); Done: out holds what
+    // Value would give, of that type; Other: Value would give another type,
+    // so the loader goes through Value. Raises as Value does.
+    enum class Read : uint8_t { Done, Null, Other };
+    Read ReadLong(int32_t& out) const;      // an integer column of up to 32 bits
+    Read ReadDouble(double& out) const;     // DECIMAL, DOUBLE, FLOAT, and integers of up to 32 bits
+    Read ReadDate(Date& out) const;         // DATE, DATETIME, TIMESTAMP
+    Read ReadText(std::string& out) const;  // a text column
+    // Internal: true when Value has a current row to read.
+    bool HasValue() const { return row_->open && row_->hasRow; }
+
 private:
     std::string name_;
     int type_;
@@ -168,11 +181,21 @@ public:
 
     // Internal: the recordset sets the columns when it opens.
     void Reset(std::vector<Field> fields);
+    // Internal: the positions (IndexOf) of a reader's count names, name(reader,
+    // i) for i from 0, among these columns; worked out once for as long as
+    // the columns and the reader stay, so that a loader reading every row of
+    // a recordset looks its names up once.
+    const std::vector<int32_t>& PositionsFor(const void* reader, size_t count,
+                                             std::string_view (*name)(const void* reader, size_t i));
 
 private:
+    void BuildIndex() const;
     std::vector<Field> fields_;
-    std::vector<int32_t> slots_;  // open-addressing index by case-folded name
-    uint32_t mask_ = 0;
+    mutable std::vector<int32_t> slots_;  // open-addressing index by case-folded name
+    mutable uint32_t mask_ = 0;
+    mutable bool indexed_ = false;
+    const void* positionsReader_ = nullptr;
+    std::vector<int32_t> positions_;
 };
 
 // A result of a statement.

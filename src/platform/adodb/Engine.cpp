@@ -16,6 +16,7 @@
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
+#include "platform/adodb/CallerThread.h"
 #include "platform/adodb/DataFolder.h"
 #include "platform/adodb/DiskWatch.h"
 #include "platform/adodb/EngineChild.h"
@@ -26,6 +27,8 @@
 // what the library's own initialisation would call; calling it ourselves lets
 // the client side start without it.
 extern "C" int init_embedded_server(int argc, char** argv, char** groups);
+// How long the engine library's end waits for threads still announced to it.
+extern "C" unsigned int my_thread_end_wait_time;
 
 namespace OVT_ZARO::ADODB::detail::engine {
 
@@ -92,6 +95,10 @@ void AtExit() {
         sessions = Sessions();
     }
     for (Session* s : sessions) s->CloseForExit();
+    // A thread that called a server and still runs is still announced to
+    // the engine library, whose end would wait five seconds for it: the
+    // engine's own threads have ended by now, so the end does not wait.
+    if (CallerThread::Announced() > 0) my_thread_end_wait_time = 0;
     // The server ends on a thread announced to the engine, as every call.
     std::thread([] {
         mysql_thread_init();

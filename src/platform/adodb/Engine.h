@@ -16,7 +16,8 @@ class Session;
 namespace engine {
 
 // Sets up the client side of the engine library once per process.
-// REQUIRES: called on an engine thread.
+// REQUIRES: called on an engine thread, or on a caller's thread of the
+// server road.
 void EnsureClientLibrary();
 
 // Starts the embedded server on dataDir (created and bootstrapped on first

@@ -1,5 +1,7 @@
+#include <array>
 #include <charconv>
 #include <cstring>
+#include <iterator>
 
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Conversions.h"
@@ -103,7 +105,15 @@ constexpr unsigned kBinaryCharset = 63;
 }  // namespace
 
 ColumnType MapColumnType(const MYSQL_FIELD& f) {
-    for (const TypeRule& r : kTypeTable) {
+    // The scan starts at the first rule of the column's type.
+    static const auto first = [] {
+        std::array<uint8_t, 256> at;
+        at.fill(static_cast<uint8_t>(std::size(kTypeTable)));
+        for (size_t i = std::size(kTypeTable); i-- > 0;) at[kTypeTable[i].mysql & 0xFF] = static_cast<uint8_t>(i);
+        return at;
+    }();
+    for (size_t i = first[static_cast<unsigned>(f.type) & 0xFF]; i < std::size(kTypeTable); ++i) {
+        const TypeRule& r = kTypeTable[i];
         if (r.mysql != f.type) continue;
         bool ok = true;
         switch (r.when) {
@@ -151,23 +161,30 @@ inline bool Seconds(const char* p, size_t n, double& out) {
     return true;
 }
 
-// "YYYY-MM-DD[ HH:MM:SS[.ffffff]]" to a Date; Null for the zero date, a date
-// with a zero month or day, or text that is no date.
-Variant DateValue(const char* p, size_t n) {
+// "YYYY-MM-DD[ HH:MM:SS[.ffffff]]" to a Date; false for the zero date, a
+// date with a zero month or day, or text that is no date.
+bool DateOf(const char* p, size_t n, Date& out) {
     int y, mo, d;
     if (n < 10 || p[4] != '-' || p[7] != '-' || !Digits(p, 4, y) || !Digits(p + 5, 2, mo) || !Digits(p + 8, 2, d))
-        return Variant::Null();
-    if (mo < 1 || mo > 12 || d < 1 || d > datemath::DaysInMonth(y, mo) || y < 1) return Variant::Null();
+        return false;
+    if (mo < 1 || mo > 12 || d < 1 || d > datemath::DaysInMonth(y, mo) || y < 1) return false;
     double secs = 0;
     if (n > 10) {
         int h, mi;
         if (n < 19 || p[10] != ' ' || p[13] != ':' || p[16] != ':' || !Digits(p + 11, 2, h) || !Digits(p + 14, 2, mi) ||
             !Seconds(p + 17, n - 17, secs))
-            return Variant::Null();
+            return false;
         secs += h * 3600.0 + mi * 60.0;
     }
     const int64_t day = datemath::SerialDayFromCivil(y, mo, d);
-    return Variant(Date(datemath::SerialFromDayAndTime(day, secs / 86400.0)));
+    out = Date(datemath::SerialFromDayAndTime(day, secs / 86400.0));
+    return true;
+}
+
+// The same as a value: Null where DateOf gives false.
+Variant DateValue(const char* p, size_t n) {
+    Date d;
+    return DateOf(p, n, d) ? Variant(d) : Variant::Null();
 }
 
 // "[-]H+:MM:SS[.ffffff]" to a Date that holds a time (hours over 24 count days).
@@ -202,14 +219,25 @@ inline bool Whole(const char* p, size_t n, T& out) {
 
 }  // namespace detail
 
+namespace detail {
+namespace {
+// The text of a field's cell in the current row (null for SQL NULL); raises
+// as Value does without a current row.
+inline const char* CellOf(const RowState& r, int32_t index, size_t& n) {
+    if (!r.open) RaiseField(AdoErr::ObjectClosed);
+    if (!r.hasRow) RaiseField(AdoErr::NoCurrentRecord);
+    const char* p = r.cells[index];
+    n = p ? r.lengths[index] : 0;
+    return p;
+}
+}  // namespace
+}  // namespace detail
+
 Variant Field::Value() const {
     using detail::ValueKind;
-    const detail::RowState& r = *row_;
-    if (!r.open) detail::RaiseField(AdoErr::ObjectClosed);
-    if (!r.hasRow) detail::RaiseField(AdoErr::NoCurrentRecord);
-    const char* p = r.cells[index_];
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
     if (!p) return Variant::Null();
-    const size_t n = r.lengths[index_];
     switch (kind_) {
         case ValueKind::Null: return Variant::Null();
         case ValueKind::Long: {
@@ -255,6 +283,49 @@ Variant Field::Value() const {
     return Variant(std::string(p, n));
 }
 
+// Each read gives what Value gives, of one type: Value's case of the kind,
+// without the Variant.
+Field::Read Field::ReadLong(int32_t& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ == detail::ValueKind::Long && detail::Whole(p, n, out)) return Read::Done;
+    return Read::Other;
+}
+
+Field::Read Field::ReadDouble(double& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ == detail::ValueKind::Double && detail::Whole(p, n, out)) return Read::Done;
+    if (kind_ == detail::ValueKind::Long) {
+        int32_t v;
+        if (detail::Whole(p, n, v)) {
+            out = v;
+            return Read::Done;
+        }
+    }
+    return Read::Other;
+}
+
+Field::Read Field::ReadDate(Date& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ == detail::ValueKind::Date || kind_ == detail::ValueKind::DateTime)
+        return detail::DateOf(p, n, out) ? Read::Done : Read::Null;
+    return Read::Other;
+}
+
+Field::Read Field::ReadText(std::string& out) const {
+    size_t n;
+    const char* p = detail::CellOf(*row_, index_, n);
+    if (!p || kind_ == detail::ValueKind::Null) return Read::Null;
+    if (kind_ != detail::ValueKind::String) return Read::Other;
+    out.assign(p, n);
+    return Read::Done;
+}
+
 // ------------------------------------------------------------ Fields
 
 namespace {
@@ -289,10 +360,20 @@ inline bool HasNonAscii(std::string_view s) {
 
 void Fields::Reset(std::vector<Field> fields) {
     fields_ = std::move(fields);
+    positionsReader_ = nullptr;
+    positions_.clear();
+    indexed_ = false;
     uint32_t size = 8;
     while (size < fields_.size() * 2) size <<= 1;
     slots_.assign(size, -1);
     mask_ = size - 1;
+}
+
+// The index by name is filled by the first look-up by name (its room is made
+// when the columns are set, so that a look-up allocates nothing): a recordset
+// read by position needs none.
+void Fields::BuildIndex() const {
+    indexed_ = true;
     for (int32_t i = 0; i < static_cast<int32_t>(fields_.size()); ++i) {
         const std::string& name = fields_[static_cast<size_t>(i)].Name();
         uint32_t s = HashFolded(name) & mask_;
@@ -310,6 +391,7 @@ void Fields::Reset(std::vector<Field> fields) {
 
 int32_t Fields::IndexOf(std::string_view name) const {
     if (fields_.empty()) return -1;
+    if (!indexed_) BuildIndex();
     uint32_t s = HashFolded(name) & mask_;
     while (slots_[s] >= 0) {
         if (EqualsFolded(fields_[static_cast<size_t>(slots_[s])].Name(), name)) return slots_[s];
@@ -321,6 +403,22 @@ int32_t Fields::IndexOf(std::string_view name) const {
             if (TextEquals(fields_[i].Name(), name)) return static_cast<int32_t>(i);
     }
     return -1;
+}
+
+const std::vector<int32_t>& Fields::PositionsFor(const void* reader, size_t count,
+                                                  std::string_view (*name)(const void* reader, size_t i)) {
+    if (reader == positionsReader_ && positions_.size() == count) return positions_;
+    positions_.clear();
+    positionsReader_ = reader;
+    // Most often the columns are the names themselves, in their order: then
+    // name i is at column i, unless an earlier name is the same.
+    bool inOrder = count <= fields_.size();
+    for (size_t i = 0; inOrder && i < count; ++i) inOrder = EqualsFolded(fields_[i].Name(), name(reader, i));
+    for (size_t i = 0; inOrder && i < count; ++i)
+        for (size_t j = 0; inOrder && j < i; ++j) inOrder = !EqualsFolded(fields_[j].Name(), fields_[i].Name());
+    for (size_t i = 0; i < count; ++i)
+        positions_.push_back(inOrder ? static_cast<int32_t>(i) : IndexOf(name(reader, i)));
+    return positions_;
 }
 
 Field& Fields::Item(int32_t index) {

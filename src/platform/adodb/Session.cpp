@@ -55,7 +55,10 @@ std::string Backticked(const std::string& name) {
 
 }  // namespace
 
-Session::Session(const ConnectionOptions& options) : options_(options), thread_(std::make_unique<EngineThread>()) {}
+// Only the embedded road has an engine thread: the in-process engine is much
+// slower on a process's main thread; a client of a server is not.
+Session::Session(const ConnectionOptions& options)
+    : options_(options), thread_(options.embedded ? std::make_unique<EngineThread>() : nullptr) {}
 
 std::shared_ptr<Session> Session::Open(const ConnectionOptions& options) {
     std::shared_ptr<Session> s(new Session(options));
@@ -73,7 +76,7 @@ Session::~Session() {
         } catch (...) {
         }
     }
-    if (!exited_ && thread_ && !pendingFree_.empty()) {
+    if (!exited_ && !pendingFree_.empty()) {
         try {
             Call([] {});
         } catch (...) {

@@ -1,13 +1,15 @@
-// Session (internal): one open session with a database, its engine thread and
-// the recordsets open on it.
+// Session (internal): one open session with a database, the recordsets open
+// on it, and on the embedded road its engine thread.
 #pragma once
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <mysql.h>
 
+#include "platform/adodb/CallerThread.h"
 #include "platform/adodb/ConnectionString.h"
 #include "platform/adodb/EngineThread.h"
 
@@ -21,17 +23,22 @@ public:
     static std::shared_ptr<Session> Open(const ConnectionOptions& options);
     ~Session();
 
-    // Runs f on the engine thread, after freeing the results left to free.
+    // Runs f after freeing the results left to free: on the embedded road on
+    // the engine thread, on the server road on the caller's thread ("on the
+    // engine thread" below means inside Call, on either road).
     template <class F>
     auto Call(F&& f) {
-        return thread_->Run([&]() -> decltype(auto) {
+        auto job = [&]() -> decltype(auto) {
             FreePending();
             return f();
-        });
+        };
+        if (thread_) return thread_->Run(std::move(job));
+        CallerThread announced;
+        return job();
     }
 
-    // A stored result to free on the engine thread with the next call, so
-    // that closing a static recordset costs no hand-over of its own.
+    // A stored result to free with the next call, so that closing a static
+    // recordset costs no hand-over of its own.
     void FreeLater(MYSQL_RES* res) { pendingFree_.push_back(res); }
 
     bool IsOpen() const { return mysql_ != nullptr || lost_; }
@@ -43,7 +50,7 @@ public:
     // The servers of the connection string in the order they are tried.
     std::vector<std::string> ServerNames() const;
     MYSQL* Handle() const { return mysql_; }
-    // True while an engine call of this session runs.
+    // True while an engine call of this session runs (embedded road).
     bool InCall() const { return thread_ && thread_->Busy(); }
 
     // Before a statement: a session whose server was lost is opened again
