@@ -5,6 +5,7 @@
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
 #include "ZARODatos/platform/XML.h"
+#include "platform/adodb/Access.h"
 
 namespace OVT_ZARO {
 
@@ -312,8 +313,9 @@ std::string_view NombreDeCampo(const void* tabla, size_t i) {
 // by name does.
 void CargarPorPosicion(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro, const Variant& cero,
                        const Variant& vacio) {
-    using Read = ADODB::Field::Read;
-    const std::vector<int32_t>& posiciones = Registro.PositionsFor(&t, t.Campos.size(), NombreDeCampo);
+    using Access = ADODB::detail::Access;
+    using Read = Access::Read;
+    const std::vector<int32_t>& posiciones = Access::PositionsFor(Registro, &t, t.Campos.size(), NombreDeCampo);
     for (size_t i = 0; i < t.Campos.size(); ++i) {
         const CampoDef& c = t.Campos[i];
         const int32_t k = posiciones[i];
@@ -322,28 +324,28 @@ void CargarPorPosicion(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro, 
         switch (c.Tipo) {
             case TipoCampo::Entero: {
                 int32_t v = 0;
-                const Read r = f ? f->ReadLong(v) : Read::Null;
+                const Read r = f ? Access::ReadLong(*f, v) : Read::Null;
                 if (r == Read::Other) v = CLng(BasTroquel::ValorPorDefecto(f->Value(), cero));
                 e.*c.Miembro.Entero = r == Read::Null ? CLng(cero) : v;
                 break;
             }
             case TipoCampo::Doble: {
                 double v = 0;
-                const Read r = f ? f->ReadDouble(v) : Read::Null;
+                const Read r = f ? Access::ReadDouble(*f, v) : Read::Null;
                 if (r == Read::Other) v = CDbl(BasTroquel::ValorPorDefecto(f->Value(), cero));
                 e.*c.Miembro.Doble = r == Read::Null ? CDbl(cero) : v;
                 break;
             }
             case TipoCampo::Fecha: {
                 Date v;
-                const Read r = f ? f->ReadDate(v) : Read::Null;
+                const Read r = f ? Access::ReadDate(*f, v) : Read::Null;
                 if (r == Read::Other) v = CDate(BasTroquel::ValorPorDefecto(f->Value(), cero));
                 e.*c.Miembro.Fecha = r == Read::Null ? CDate(cero) : v;
                 break;
             }
             case TipoCampo::Texto: {
                 std::string& destino = e.*c.Miembro.Texto;
-                const Read r = f ? f->ReadText(destino) : Read::Null;
+                const Read r = f ? Access::ReadText(*f, destino) : Read::Null;
                 if (r == Read::Null) {
                     destino.clear();
                 } else if (r == Read::Other) {
@@ -363,7 +365,7 @@ void CargarEntidad(IEntidad& e, const TablaDef& t, ADODB::Fields& Registro) {
     try {
         const Variant cero(int16_t{0});
         const Variant vacio(std::string{});
-        if (Registro.Count() > 0 && Registro.Item(int32_t{0}).HasValue()) {
+        if (Registro.Count() > 0 && ADODB::detail::Access::HasValue(Registro.Item(int32_t{0}))) {
             CargarPorPosicion(e, t, Registro, cero, vacio);
             return;
         }

@@ -15,7 +15,6 @@
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
-#include "platform/adodb/Engine.h"
 #include "support/capturar.h"
 #include "support/child_process.h"
 #include "support/roads.h"
@@ -86,7 +85,7 @@ TEST(EmbeddedFaultChild, DISABLED_BadOptions) {
     EXPECT_NE(exits.Description.find("Error while setting value 'pool-of-threads' to 'thread_handling'"),
               std::string::npos)
         << exits.Description;
-    EXPECT_FALSE(ADODB::detail::engine::EmbeddedServerStarted());
+    EXPECT_FALSE(ADODB::EmbeddedEngineStarted());
     EXPECT_FALSE(fs::exists(dir));
     // The process is alive, and the engine starts with good options.
     cn->Open("DataDir=" + dir + ";EmbeddedOptions='--key-buffer-size=1M'");
@@ -146,7 +145,7 @@ TEST(EmbeddedFaultChild, DISABLED_FolderFaults) {
     e = openError(base + "/file");
     EXPECT_EQ(e.Number, 2000);
     EXPECT_NE(e.Description.find("a file is in its place"), std::string::npos) << e.Description;
-    EXPECT_FALSE(ADODB::detail::engine::EmbeddedServerStarted());
+    EXPECT_FALSE(ADODB::EmbeddedEngineStarted());
     // A folder with a system database whose engine files are damaged: the
     // engine can not start; its words come in one line, and go to the
     // folder's log instead of standard error.

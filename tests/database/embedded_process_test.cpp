@@ -18,7 +18,6 @@
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Conversions.h"
 #include "ZARODatos/platform/Error.h"
-#include "platform/adodb/Engine.h"
 #include "support/mariadb_server.h"
 #include "support/roads.h"
 
@@ -153,7 +152,7 @@ TEST(EmbeddedChild, DISABLED_ServerOnly) {
     cn->Open(cs);
     EXPECT_EQ(One(*cn, "SELECT 1"), Variant(int32_t{1}));
     const long after = RssKb();
-    EXPECT_FALSE(ADODB::detail::engine::EmbeddedServerStarted());
+    EXPECT_FALSE(ADODB::EmbeddedEngineStarted());
     // The in-process server would take some 50 MB and more.
     EXPECT_LT(after - before, 20000) << before << " -> " << after << " kB";
     std::printf("server-only connection: RSS %ld kB -> %ld kB\n", before, after);

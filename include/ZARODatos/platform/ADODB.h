@@ -14,10 +14,34 @@
 // A statement that turns NO_BACKSLASH_ESCAPES off shows it in its reply; the
 // session turns it back on before its next statement.
 //
-// Threads: an object belongs to one thread at a time. An embedded connection
-// runs every engine call on a thread of its own (the engine is much slower
-// on a process's main thread); each call is still synchronous for the caller.
-// A server connection calls the engine on the caller's thread.
+// Threads: an object belongs to one thread at a time; a connection (and the
+// recordsets opened on it) called by a second thread while a call of the
+// first runs on it raises 3711 (AdoErr::UsedByTwoThreads) instead of racing;
+// the first call goes on undisturbed. Handing a connection from one thread to
+// another between calls is fine. Two
+// connections may run on two threads at once. An embedded connection runs
+// every engine call on a thread of its own (the engine is much slower on a
+// process's main thread); each call is still synchronous for the caller. A
+// server connection calls the engine on the caller's thread.
+//
+// What the embedded road does to the process, once, when the first embedded
+// connection opens, and for as long as the process lives:
+//   - the in-process server starts on the data folder and runs until the
+//     process exits; it can not be stopped or moved to another folder
+//     (EmbeddedEngineStarted tells whether it runs);
+//   - it gets a temp folder of its own, zaro-embedded-<pid>-XXXXXX under the
+//     system's temp folder (TMPDIR, else /tmp): a server that starts removes
+//     the temp table files it finds in its temp folder, so no two processes
+//     share one. TMPDIR is set to it while the server starts, then put back;
+//   - on the way, temp folders of that name left by processes that no longer
+//     run (killed, so their exit handler never ran) are removed;
+//   - an exit handler (atexit) closes the sessions still open, ends the
+//     server and removes the temp folder; a process that ends by _exit or a
+//     signal leaves the folder for the next process's sweep;
+//   - a watch thread with a session of its own looks once a second, while an
+//     embedded call runs, for statements waiting for disk space (see 1021
+//     below).
+// A process that only reaches servers does none of this.
 //
 // Ownership: the caller owns a Connection and the Recordsets it opens or gets
 // back. A Recordset keeps the connection's session alive while it is open, so
@@ -93,11 +117,16 @@ inline constexpr int32_t ItemNotFound = 3265;
 inline constexpr int32_t ObjectClosed = 3704;
 inline constexpr int32_t ObjectOpen = 3705;
 inline constexpr int32_t ConnectionUnusable = 3709;
+inline constexpr int32_t UsedByTwoThreads = 3711;  // a call while a call of another thread runs
 }  // namespace AdoErr
 
 // The platform's text of an error number of the database objects; empty for
 // a number it does not know.
 std::string AdoErrorText(int32_t number);
+
+// True once the in-process server of the embedded road has started in this
+// process (it then runs until the process exits).
+bool EmbeddedEngineStarted();
 
 class Connection;
 class Recordset;
@@ -116,6 +145,10 @@ struct RowState {
 // How a column's text becomes a value (see the type table in Fields.cpp).
 enum class ValueKind : uint8_t { Null, Long, LongLong, UnsignedLongLong, Double, Date, DateTime, Time, Boolean, Bit,
                                  String, Bytes };
+// The library's own way into the members below that only it uses (making
+// fields, typed reads of a cell, a connection's session); defined in a
+// private header.
+struct Access;
 }  // namespace detail
 
 // One column of a recordset. Name and Type are known while the recordset is
@@ -134,25 +167,25 @@ public:
     // The declared size in characters (text) or digits, as the server says.
     int32_t DefinedSize() const { return definedSize_; }
 
-    // Internal: made by the recordset.
+private:
+    friend struct detail::Access;
     Field(std::string name, int type, detail::ValueKind kind, int32_t definedSize, int32_t index,
           const detail::RowState* row)
         : name_(std::move(name)), type_(type), kind_(kind), definedSize_(definedSize), index_(index), row_(row) {}
 
-    // Internal, for loaders of typed members: the current cell read straight
-    // into a value of one type, without a Variant. Null: the cell is SQL NULL
-    // (or, for a date, a value Value gives as Null); Done: out holds what
-    // Value would give, of that type; Other: Value would give another type,
-    // so the loader goes through Value. Raises as Value does.
+    // For loaders of typed members: the current cell read straight into a
+    // value of one type, without a Variant. Null: the cell is SQL NULL (or,
+    // for a date, a value Value gives as Null); Done: out holds what Value
+    // would give, of that type; Other: Value would give another type, so the
+    // loader goes through Value. Raises as Value does.
     enum class Read : uint8_t { Done, Null, Other };
     Read ReadLong(int32_t& out) const;      // an integer column of up to 32 bits
     Read ReadDouble(double& out) const;     // DECIMAL, DOUBLE, FLOAT, and integers of up to 32 bits
     Read ReadDate(Date& out) const;         // DATE, DATETIME, TIMESTAMP
     Read ReadText(std::string& out) const;  // a text column
-    // Internal: true when Value has a current row to read.
+    // True when Value has a current row to read.
     bool HasValue() const { return row_->open && row_->hasRow; }
 
-private:
     std::string name_;
     int type_;
     detail::ValueKind kind_;
@@ -179,16 +212,17 @@ public:
     std::vector<Field>::iterator end() { return fields_.end(); }
     std::string TypeName() const override { return "Fields"; }
 
-    // Internal: the recordset sets the columns when it opens.
+private:
+    friend struct detail::Access;
+    // The recordset sets the columns when it opens.
     void Reset(std::vector<Field> fields);
-    // Internal: the positions (IndexOf) of a reader's count names, name(reader,
-    // i) for i from 0, among these columns; worked out once for as long as
-    // the columns and the reader stay, so that a loader reading every row of
-    // a recordset looks its names up once.
+    // The positions (IndexOf) of a reader's count names, name(reader, i) for
+    // i from 0, among these columns; worked out once for as long as the
+    // columns and the reader stay, so that a loader reading every row of a
+    // recordset looks its names up once.
     const std::vector<int32_t>& PositionsFor(const void* reader, size_t count,
                                              std::string_view (*name)(const void* reader, size_t i));
 
-private:
     void BuildIndex() const;
     std::vector<Field> fields_;
     mutable std::vector<int32_t> slots_;  // open-addressing index by case-folded name
@@ -274,10 +308,8 @@ public:
     std::string ConnectionString;
     std::string TypeName() const override { return "Connection"; }
 
-    // Internal.
-    const std::shared_ptr<detail::Session>& SessionPtr() const { return session_; }
-
 private:
+    friend struct detail::Access;
     std::shared_ptr<detail::Session> session_;
 };
 

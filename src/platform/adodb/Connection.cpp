@@ -1,6 +1,7 @@
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
 #include "platform/adodb/ConnectionString.h"
+#include "platform/adodb/Engine.h"
 #include "platform/adodb/RecordsetImpl.h"
 #include "platform/adodb/Session.h"
 
@@ -10,6 +11,8 @@ namespace {
 const char* const kSource = "ADODB.Connection";
 [[noreturn]] void Raise(int32_t number) { throw Error(number, kSource, AdoErrorText(number)); }
 }  // namespace
+
+bool EmbeddedEngineStarted() { return detail::engine::EmbeddedServerStarted(); }
 
 Connection::Connection() = default;
 

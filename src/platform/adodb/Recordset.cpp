@@ -7,6 +7,7 @@
 #include "ZARODatos/platform/ADODB.h"
 #include "ZARODatos/platform/Error.h"
 #include "platform/ConversionsDetail.h"
+#include "platform/adodb/Access.h"
 #include "platform/adodb/RecordsetImpl.h"
 #include "platform/adodb/Session.h"
 
@@ -322,11 +323,11 @@ void RecordsetImpl::BuildFields(MYSQL_FIELD* meta, unsigned count) {
     list.reserve(count);
     for (unsigned c = 0; c < count; ++c) {
         const ColumnType t = MapColumnType(meta[c]);
-        list.emplace_back(std::string(meta[c].name, meta[c].name_length), t.ado, t.kind,
-                          static_cast<int32_t>(meta[c].length > INT32_MAX ? INT32_MAX : meta[c].length),
-                          static_cast<int32_t>(c), &row);
+        list.push_back(Access::MakeField(std::string(meta[c].name, meta[c].name_length), t.ado, t.kind,
+                                         static_cast<int32_t>(meta[c].length > INT32_MAX ? INT32_MAX : meta[c].length),
+                                         static_cast<int32_t>(c), &row));
     }
-    fields->Reset(std::move(list));
+    Access::Reset(*fields, std::move(list));
 }
 
 bool RecordsetImpl::Open(const std::shared_ptr<Session>& session, const std::string& sql, bool fwd,
@@ -510,7 +511,7 @@ void Recordset::Open(const std::string& Source, const std::shared_ptr<Connection
     if (lockType != adLockUnspecified) LockType = lockType;
     // A client cursor holds the rows, as the platform's does: it is static.
     const bool forwardOnly = cursorType == adOpenForwardOnly && CursorLocation != adUseClient;
-    if (impl_->Open(ActiveConnection->SessionPtr(), Source, forwardOnly, kSource))
+    if (impl_->Open(detail::Access::SessionOf(*ActiveConnection), Source, forwardOnly, kSource))
         CursorType = forwardOnly ? adOpenForwardOnly : adOpenStatic;
 }
 
