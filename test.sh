@@ -12,13 +12,13 @@ cd "$(dirname "$0")"
 source scripts/setup.sh
 zaro_build build/test -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZARO_BENCH=ON -DZARO_QT=ON
 zaro_build build/asan -DCMAKE_BUILD_TYPE=Debug -DZARO_SANITIZE=ON -DZARO_BENCH=OFF
-ZARO_TARGET=test_threads zaro_build build/tsan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZARO_TSAN=ON -DZARO_BENCH=OFF
+ZARO_TARGET="test_threads test_internals" zaro_build build/tsan -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZARO_TSAN=ON -DZARO_BENCH=OFF
 bash scripts/fuzz.sh "${ZARO_FUZZ_SECONDS:-60}"
 export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:detect_stack_use_after_return=0}"
 export LSAN_OPTIONS="${LSAN_OPTIONS:-suppressions=$PWD/tests/support/lsan.supp}"
 export UBSAN_OPTIONS="${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}"
-echo "== thread sanitizer: the tests that use threads =="
-TSAN_OPTIONS="${TSAN_OPTIONS:-halt_on_error=1 second_deadlock_stack=1}" ctest --test-dir build/tsan --output-on-failure -R '^threads$'
+echo "== thread sanitizer: the tests that use threads, and the engine thread's hand-over =="
+TSAN_OPTIONS="${TSAN_OPTIONS:-halt_on_error=1 second_deadlock_stack=1}" ctest --test-dir build/tsan --output-on-failure -R '^(threads|internals)$'
 echo "== sanitizer build =="
 ctest --test-dir build/asan --output-on-failure -j1
 echo "== optimised build =="

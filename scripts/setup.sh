@@ -24,14 +24,15 @@ if ((${#zaro_missing[@]})); then
 fi
 
 # Configures and builds one build folder: zaro_build DIR [cmake options...];
-# ZARO_TARGET=name builds that target alone.
+# ZARO_TARGET="name ..." builds those targets alone.
 zaro_build() {
   local dir="$1"; shift
   if [ ! -f "$dir/CMakeCache.txt" ]; then
     cmake -S . -B "$dir" "$@" >/dev/null
   fi
   local target=()
-  [ -z "${ZARO_TARGET:-}" ] || target=(--target "$ZARO_TARGET")
+  # shellcheck disable=SC2206  # one word per target
+  [ -z "${ZARO_TARGET:-}" ] || target=(--target $ZARO_TARGET)
   if ! cmake --build "$dir" -j"$(nproc)" "${target[@]}" >"$dir/build.log" 2>&1; then
     cat "$dir/build.log"
     echo "Build failed in $dir" >&2

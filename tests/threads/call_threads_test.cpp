@@ -72,6 +72,7 @@ TEST(CallThreads, AServerConnectionRunsItsStatementsOnTheCallersThread) {
 }
 
 TEST(CallThreads, AnEmbeddedConnectionRunsItsStatementsOnAThreadOfItsOwn) {
+    if (const std::string why = zaro_test::EmbeddedRoadSkipReason(); !why.empty()) GTEST_SKIP() << why;
     zaro_test::OpenRoad(EmbeddedRoad())->Close();  // the embedded server started
     const size_t before = ThreadsOfThisProcess();
     auto cn = zaro_test::OpenRoad(EmbeddedRoad());
@@ -152,6 +153,7 @@ TEST(CallThreadsChild, DISABLED_AThreadOfTheServerRoadStillRunsAtTheEnd) {
 }
 
 TEST(CallThreads, AProcessEndsAtOnceWhileAThreadThatCalledAServerStillRuns) {
+    if (const std::string why = zaro_test::EmbeddedRoadSkipReason(); !why.empty()) GTEST_SKIP() << why;
     zaro_test::OpenRoad(ServerRoad())->Close();
     const std::string dir = zaro_test::ProgramTempFolder() + "/viva-" + std::to_string(getpid());
     const auto r = zaro_test::RunTestChild("CallThreadsChild.DISABLED_AThreadOfTheServerRoadStillRunsAtTheEnd",
@@ -169,6 +171,7 @@ TEST(CallThreads, AProcessEndsAtOnceWhileAThreadThatCalledAServerStillRuns) {
 }
 
 TEST(CallThreads, AProcessThatUsedBothRoadsFromSeveralThreadsEndsAtOnceAndSilently) {
+    if (const std::string why = zaro_test::EmbeddedRoadSkipReason(); !why.empty()) GTEST_SKIP() << why;
     zaro_test::OpenRoad(ServerRoad())->Close();
     const std::string dir = zaro_test::ProgramTempFolder() + "/hilos-" + std::to_string(getpid());
     const auto r = zaro_test::RunTestChild("CallThreadsChild.DISABLED_BothRoadsFromSeveralThreads",

@@ -26,6 +26,8 @@ std::string AdoErrorText(int32_t number) {
         case AdoErr::ConnectionUnusable:
             return "The connection cannot be used to perform this operation. It is either closed or invalid in this "
                    "context.";
+        case AdoErr::UsedByTwoThreads:
+            return "The connection is in a call of another thread; a connection belongs to one thread at a time.";
         default: return {};
     }
 }

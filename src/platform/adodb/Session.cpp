@@ -55,6 +55,10 @@ std::string Backticked(const std::string& name) {
 
 }  // namespace
 
+void Session::RaiseUsedByTwoThreads() {
+    throw Error(AdoErr::UsedByTwoThreads, "ADODB.Connection", AdoErrorText(AdoErr::UsedByTwoThreads));
+}
+
 // Only the embedded road has an engine thread: the in-process engine is much
 // slower on a process's main thread; a client of a server is not.
 Session::Session(const ConnectionOptions& options)

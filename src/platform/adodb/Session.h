@@ -2,8 +2,10 @@
 // on it, and on the embedded road its engine thread.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -25,9 +27,12 @@ public:
 
     // Runs f after freeing the results left to free: on the embedded road on
     // the engine thread, on the server road on the caller's thread ("on the
-    // engine thread" below means inside Call, on either road).
+    // engine thread" below means inside Call, on either road). A call made
+    // while a call of another thread runs raises 3711 (source
+    // "ADODB.Connection") and leaves that call alone.
     template <class F>
     auto Call(F&& f) {
+        const CallOwner owner(*this);
         auto job = [&]() -> decltype(auto) {
             FreePending();
             return f();
@@ -90,6 +95,28 @@ public:
     int64_t lastAffected = -1;
 
 private:
+    // The thread in a call of this session, from entering Call to leaving it
+    // (a call within a call of the same thread leaves it to the outer one).
+    class CallOwner {
+    public:
+        explicit CallOwner(Session& s) : s_(s) {
+            std::thread::id none;
+            const std::thread::id me = std::this_thread::get_id();
+            if (s_.caller_.compare_exchange_strong(none, me, std::memory_order_acquire)) outer_ = true;
+            else if (none != me) RaiseUsedByTwoThreads();
+        }
+        ~CallOwner() {
+            if (outer_) s_.caller_.store(std::thread::id(), std::memory_order_release);
+        }
+        CallOwner(const CallOwner&) = delete;
+        CallOwner& operator=(const CallOwner&) = delete;
+
+    private:
+        Session& s_;
+        bool outer_ = false;
+    };
+    [[noreturn]] static void RaiseUsedByTwoThreads();
+
     explicit Session(const ConnectionOptions& options);
     // Opens the session: the one server, or the first of the list that takes
     // it, from the server numbered first on (see ServerList.cpp).
@@ -127,6 +154,7 @@ private:
     size_t lostServer_ = 0;
     bool registered_ = false;
     bool exited_ = false;
+    std::atomic<std::thread::id> caller_{};
     std::vector<RecordsetImpl*> recordsets_;
     std::vector<MYSQL_RES*> pendingFree_;
 };
