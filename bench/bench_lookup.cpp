@@ -12,7 +12,7 @@
 #include <string>
 
 #include "ZARODatos.h"
-#include "support/mariadb_server.cpp"  // the test fixture's server, for the server road
+#include "support/mariadb_server.h"  // the test fixture's server, for the server road
 
 using namespace OVT_ZARO;
 

@@ -46,7 +46,7 @@
 
 #include "ZARODatos/tables/articulo.h"
 #include "bench_support.h"
-#include "support/mariadb_server.cpp"  // the test fixture's server, for the server road
+#include "support/mariadb_server.h"  // the test fixture's server, for the server road
 
 using namespace OVT_ZARO;
 

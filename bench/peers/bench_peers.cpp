@@ -45,7 +45,7 @@
 #include "bench_support.h"
 #include "peers.h"
 #include "raw_works.h"
-#include "support/mariadb_server.cpp"  // the test fixture's server
+#include "support/mariadb_server.h"  // the test fixture's server
 
 using namespace OVT_ZARO;
 using peers::Fila;

@@ -18,10 +18,10 @@ if(ZARO_SOCI_INCLUDE AND ZARO_SOCI_CORE AND ZARO_SOCI_MYSQL AND ZARO_MARIADB_CLI
   set(peers ${CMAKE_SOURCE_DIR}/bench/peers)
   # The driver, the ZARODatos contender and the raw C API over the engine library's client.
   add_executable(bench_peers ${peers}/bench_peers.cpp)
-  target_include_directories(bench_peers PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests ${CMAKE_SOURCE_DIR}/bench ${peers})
+  target_include_directories(bench_peers PRIVATE ${CMAKE_SOURCE_DIR}/bench ${peers})
   target_include_directories(bench_peers SYSTEM PRIVATE ${MARIADBD_INCLUDE})
   target_compile_definitions(bench_peers PRIVATE EMBEDDED_LIBRARY)
-  target_link_libraries(bench_peers PRIVATE ZARODatos ${MARIADBD_LIB} Threads::Threads)
+  target_link_libraries(bench_peers PRIVATE zaro_server_fixture ZARODatos ${MARIADBD_LIB} Threads::Threads)
   # Each peer in a program of its own: they link MariaDB Connector/C, whose C
   # functions have the same names as the engine library's.
   add_executable(bench_peer_soci ${peers}/peer_soci.cpp)

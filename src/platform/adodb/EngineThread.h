@@ -70,9 +70,6 @@ public:
         return posted_.load(std::memory_order_relaxed) != done_.load(std::memory_order_relaxed);
     }
 
-    // True on the engine thread itself.
-    bool OnThread() const { return std::this_thread::get_id() == thread_.get_id(); }
-
 private:
     // Whether a waiting side spins, and for how long (see the .cpp).
     struct SpinGauge {
