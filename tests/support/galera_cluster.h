@@ -17,7 +17,9 @@
 // the cluster goes on without a dead node about 3 to 4 s after its death.
 // Commits are flushed to the log once a second
 // (innodb_flush_log_at_trx_commit = 2): a commit is safe once the cluster
-// has it.
+// has it. The buffer pool has the server's default size (128 MB; with
+// 16 MB an import of 20,000 rows ran at half the speed, its pages written
+// out again and again), the log 16 MB.
 //
 // Raises std::runtime_error when the cluster can not be set up or a node can
 // not start or join in time.
