@@ -41,6 +41,10 @@ bool CallerThread::Enter() {
 
 int CallerThread::Announced() { return g_announced.load(std::memory_order_relaxed); }
 
+void CallerThread::ProcessExiting() {
+    if (t_state == State::Fresh) t_state = State::Ended;
+}
+
 void CallerThread::Leave() { mysql_thread_end(); }
 
 }  // namespace OVT_ZARO::ADODB::detail

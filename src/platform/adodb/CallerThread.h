@@ -22,6 +22,10 @@ public:
 
     // The threads announced so far that have not ended yet.
     static int Announced();
+    // At process exit, on the exiting thread: its thread-local ends have run
+    // (or can no longer be set up), so a call from here on announces the
+    // thread for that call only.
+    static void ProcessExiting();
 
 private:
     // True when the thread must leave again after the call.

@@ -88,6 +88,7 @@ std::string MakePrivateTempFolder() {
 }
 
 void AtExit() {
+    CallerThread::ProcessExiting();
     diskwatch::Stop();
     std::vector<Session*> sessions;
     {
