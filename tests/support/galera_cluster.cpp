@@ -226,17 +226,7 @@ void GaleraCluster::Launch(int i, bool bootstrap) {
         if (switchUser && (setgroups(1, groups) != 0 || setgid(gid) != 0 || setuid(uid) != 0)) _exit(126);
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (getppid() != parent) _exit(127);
-        const int fd = open(out.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
-        if (fd >= 0) {
-            dup2(fd, 1);
-            dup2(fd, 2);
-            close(fd);
-        }
-        const int devnull = open("/dev/null", O_RDONLY);
-        if (devnull >= 0) {
-            dup2(devnull, 0);
-            close(devnull);
-        }
+        ChildOutputTo(out.c_str());
         sigset_t none;
         sigemptyset(&none);
         sigprocmask(SIG_SETMASK, &none, nullptr);

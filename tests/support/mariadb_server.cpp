@@ -51,17 +51,7 @@ pid_t Spawn(const std::vector<std::string>& argv, const std::string& logFile) {
         // Only async-signal-safe calls until exec.
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (getppid() != parent) _exit(127);
-        const int fd = open(logFile.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
-        if (fd >= 0) {
-            dup2(fd, 1);
-            dup2(fd, 2);
-            close(fd);
-        }
-        const int devnull = open("/dev/null", O_RDONLY);
-        if (devnull >= 0) {
-            dup2(devnull, 0);
-            close(devnull);
-        }
+        ChildOutputTo(logFile.c_str());
         execv(args[0], args.data());
         _exit(127);
     }
@@ -105,6 +95,20 @@ std::string MakeTempFolder() {
 void RemoveFolder(const std::string& path) {
     std::error_code ec;
     fs::remove_all(path, ec);
+}
+
+void ChildOutputTo(const char* path) {
+    const int fd = open(path, O_WRONLY | O_CREAT | O_APPEND, 0644);
+    if (fd >= 0) {
+        dup2(fd, 1);
+        dup2(fd, 2);
+        close(fd);
+    }
+    const int devnull = open("/dev/null", O_RDONLY);
+    if (devnull >= 0) {
+        dup2(devnull, 0);
+        close(devnull);
+    }
 }
 
 int FreeLoopbackPort() {

@@ -58,6 +58,9 @@ std::string MakeTempFolder();
 void RemoveFolder(const std::string& path);
 // A TCP port on 127.0.0.1 that is free now.
 int FreeLoopbackPort();
+// In a forked child, before exec (async-signal-safe): standard output and
+// error appended to the file at path, standard input empty.
+void ChildOutputTo(const char* path);
 // Runs a program with arguments; its output goes to logFile. Gives the exit status.
 int RunProgram(const std::vector<std::string>& argv, const std::string& logFile);
 
