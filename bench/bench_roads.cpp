@@ -20,13 +20,15 @@
 // inserts (the insert table made anew before each slice and checked after
 // it), so that a change of the machine's load falls on both alike. The load
 // average (1 minute) is taken before each slice. Printed: each round's sum
-// per side, then per work the median ratio over the rounds and its range.
+// per side (with the CPU time of the process and its page faults during each
+// side's slices), then per work the median ratio over the rounds and its range.
 //
 //   bench_roads [--rounds N] [--road server|embedded|both] [--work read|lookup|insert] [--side zaro|raw]
 // (--side runs one side alone, for a profiler; --server-keys adds keys to the
 // connection string of the library's side on the server road.)
 #include <mysql.h>
 #include <stdlib.h>
+#include <sys/resource.h>
 #include <time.h>
 
 #include <algorithm>
@@ -78,6 +80,15 @@ double CpuMs() {
     timespec t{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
     return t.tv_sec * 1e3 + t.tv_nsec / 1e6;
+}
+
+// The page faults of this process so far (the first touch of memory the
+// allocator took from the system): a side that gives memory back and takes
+// it again pays them on every round.
+long Faults() {
+    rusage u{};
+    getrusage(RUSAGE_SELF, &u);
+    return u.ru_minflt;
 }
 
 // ------------------------------------------------------------ raw side
@@ -396,6 +407,7 @@ void Prepare(Road& road) {
 // One side's share of a work in one round.
 struct Medida {
     double zaro = 0, raw = 0, zaroCpu = 0, rawCpu = 0, loadMin = 1e9, loadMax = 0;
+    long zaroFaults = 0, rawFaults = 0;
 };
 
 double Median(std::vector<double> v) {
@@ -485,8 +497,10 @@ int main(int argc, char** argv) {
                         if (work == "insert") ResetInsertTable(road);
                         std::string check;
                         const double c0 = CpuMs();
+                        const long f0 = Faults();
                         const double ms = zaro ? side.Zaro(work, chunk, check) : side.Raw(work, chunk, check);
                         const double cpu = CpuMs() - c0;
+                        (zaro ? m.zaroFaults : m.rawFaults) += Faults() - f0;
                         if (work == "insert") check = Checksum(road);
                         const std::string expected =
                             work == "insert" ? road.expected[static_cast<size_t>(chunk)] : std::string();
@@ -501,9 +515,10 @@ int main(int argc, char** argv) {
                     }
                 }
                 all[ri][wi].push_back(m);
-                std::printf("round %d %-8s %-7s zaro %8.1f ms  raw %8.1f ms  ratio %.3fx  load %.2f-%.2f  cpu %.1f / %.1f ms\n",
+                std::printf("round %d %-8s %-7s zaro %8.1f ms  raw %8.1f ms  ratio %.3fx  load %.2f-%.2f  cpu %.1f / %.1f ms"
+                            "  faults %ld / %ld\n",
                             round + 1, road.name.c_str(), work.c_str(), m.zaro, m.raw, m.zaro / m.raw, m.loadMin,
-                            m.loadMax, m.zaroCpu, m.rawCpu);
+                            m.loadMax, m.zaroCpu, m.rawCpu, m.zaroFaults, m.rawFaults);
                 std::fflush(stdout);
             }
         }
