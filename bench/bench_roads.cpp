@@ -48,6 +48,7 @@
 
 #include "ZARODatos/tables/articulo.h"
 #include "bench_support.h"
+#include "peers/raw_row.h"
 #include "support/mariadb_server.h"  // the test fixture's server, for the server road
 
 using namespace OVT_ZARO;
@@ -93,46 +94,8 @@ long Faults() {
 
 // ------------------------------------------------------------ raw side
 
-struct Fila {
-    int32_t COD_TRANSACC = 0;
-    int y = 0, mo = 0, d = 0;
-    std::string HORA_REAL;
-    int32_t CD_OP = 0, TIPO_OPERACION = 0;
-    std::string CD_ARTICULO, IDARTICOLGS1;
-    int32_t TIPO_FAMILIA = 0, TIPO_SUBFAMILIA = 0;
-    double PRECIOMAX = 0;
-    std::string DESC_ARTICULO, DESC_CORTA;
-};
-
-int32_t Entero(const char* s, unsigned long n) {
-    int32_t v = 0;
-    if (s) std::from_chars(s, s + n, v);
-    return v;
-}
-
-void Texto(std::string& out, const char* s, unsigned long n) {
-    if (s) out.assign(s, n);
-    else out.clear();
-}
-
-void Parsear(MYSQL_ROW r, const unsigned long* len, Fila& f) {
-    f.COD_TRANSACC = Entero(r[0], len[0]);
-    if (r[1] && len[1] >= 10) {
-        f.y = Entero(r[1], 4);
-        f.mo = Entero(r[1] + 5, 2);
-        f.d = Entero(r[1] + 8, 2);
-    }
-    Texto(f.HORA_REAL, r[2], len[2]);
-    f.CD_OP = Entero(r[3], len[3]);
-    f.TIPO_OPERACION = Entero(r[4], len[4]);
-    Texto(f.CD_ARTICULO, r[5], len[5]);
-    Texto(f.IDARTICOLGS1, r[6], len[6]);
-    f.TIPO_FAMILIA = Entero(r[7], len[7]);
-    f.TIPO_SUBFAMILIA = Entero(r[8], len[8]);
-    if (r[9]) std::from_chars(r[9], r[9] + len[9], f.PRECIOMAX);
-    Texto(f.DESC_ARTICULO, r[10], len[10]);
-    Texto(f.DESC_CORTA, r[11], len[11]);
-}
+using raw_row::Fila;
+using raw_row::Parsear;
 
 void RawQuery(MYSQL* m, const std::string& sql) {
     if (mysql_real_query(m, sql.data(), sql.size())) Fail(std::string("raw: ") + mysql_error(m));
