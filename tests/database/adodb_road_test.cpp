@@ -1,6 +1,7 @@
 // The database objects on both roads: the embedded database and a MariaDB
 // server. Every test runs once per road.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <cmath>
 #include <fstream>
@@ -543,6 +544,35 @@ TEST_P(Roads, AForwardOnlyReadKeepsItsMemoryFlatWhileItReads) {
     EXPECT_EQ(n, 300000);
     // About 30 MB of rows went by; a static read would hold them all.
     EXPECT_LT(peak - start, 8 * 1024) << "grew by " << (peak - start) << " kB";
+}
+
+long MinorFaults() {
+    rusage ru{};
+    getrusage(RUSAGE_SELF, &ru);
+    return ru.ru_minflt;
+}
+
+TEST_P(Roads, ALargeStaticReadAgainReusesTheMemoryOfTheLastOne) {
+#ifdef ZARO_MEMORY_FIGURES_MEAN_NOTHING
+    GTEST_SKIP() << "memory figures under the address sanitizer";
+#endif
+    if (GetParam().name == "server") GTEST_SKIP() << "on the server road the rows are read into the caller's heap";
+    cn->Execute("CREATE TABLE `m` (`I` int NOT NULL, `T` varchar(60) NOT NULL) ENGINE=MyISAM DEFAULT CHARSET=latin1");
+    cn->Execute("INSERT INTO `m` SELECT seq, CONCAT('una fila de texto algo larga, la ', seq) FROM seq_1_to_200000");
+    std::vector<long> faults;
+    for (int read = 0; read < 4; ++read) {
+        const long before = MinorFaults();
+        auto rs = Open("SELECT * FROM `m`", ADODB::adOpenStatic);
+        ASSERT_EQ(rs->RecordCount(), 200000);
+        rs->Close();
+        cn->Execute("SELECT 1");  // the closed read's rows are freed with the next statement
+        faults.push_back(MinorFaults() - before);
+    }
+    // About 44 MB of rows (11,000 pages) each time; the first read brings them
+    // in, the later ones find them in place.
+    EXPECT_GT(faults[0], 5000);
+    EXPECT_LT(faults[2], 1000) << "the third read faulted " << faults[2] << " pages";
+    EXPECT_LT(faults[3], 1000) << "the fourth read faulted " << faults[3] << " pages";
 }
 
 TEST_P(Roads, AForwardOnlyRecordsetReadsLongTextWhole) {

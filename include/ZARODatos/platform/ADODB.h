@@ -22,7 +22,9 @@
 // connections may run on two threads at once. An embedded connection runs
 // every engine call on a thread of its own (the engine is much slower on a
 // process's main thread); each call is still synchronous for the caller. A
-// server connection calls the engine on the caller's thread.
+// server connection calls the engine on the caller's thread. An embedded
+// connection keeps the memory of its last large result (1,000 rows or more)
+// after the result is freed, for the next one, until it closes.
 //
 // What the embedded road does to the process, once, when the first embedded
 // connection opens, and for as long as the process lives:

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <new>
 #include <thread>
 
 #include "ZARODatos/platform/ADODB.h"
@@ -350,7 +351,50 @@ MYSQL_RES* Session::QueryStored(const std::string& sql, const char* source) {
         }
     }
     NoteMode();
+    if (res && options_.embedded) KeepHeap(res);
     return res;
+}
+
+// The engine builds a result on the engine thread, in that thread's own heap;
+// freed with nothing above it there, its memory goes back to the system and
+// the next read faults it in again (a quarter of a large read's time). A
+// block kept just above a large result keeps its memory for the next result.
+// The C library makes a thread's heap of 64 MB regions and hands out free
+// gaps lower down first, so blocks are taken until one lies in the region of
+// the result's newest (largest) block, above every block of the result
+// there. The kept blocks move with each large result and go with the
+// session, so the session keeps at most its last large result's memory.
+void Session::KeepHeap(MYSQL_RES* res) {
+    constexpr my_ulonglong kLargeRows = 1000;
+    // Below the allocator's smallest threshold for a block of its own.
+    constexpr size_t kKeeperBytes = 64 * 1024;
+    constexpr size_t kMaxKeepers = 128;
+    constexpr uintptr_t kRegion = uintptr_t{64} << 20;
+    if (mysql_num_rows(res) < kLargeRows || !res->data) return;
+    const USED_MEM* newest = nullptr;
+    for (const USED_MEM* list : {res->data->alloc.free, res->data->alloc.used})
+        for (const USED_MEM* b = list; b; b = b->next)
+            if (!newest || b->size > newest->size || (b->size == newest->size && b > newest)) newest = b;
+    if (!newest) return;
+    const uintptr_t region = reinterpret_cast<uintptr_t>(newest) & ~(kRegion - 1);
+    uintptr_t top = 0;
+    for (const USED_MEM* list : {res->data->alloc.free, res->data->alloc.used})
+        for (const USED_MEM* b = list; b; b = b->next)
+            if ((reinterpret_cast<uintptr_t>(b) & ~(kRegion - 1)) == region)
+                top = std::max(top, reinterpret_cast<uintptr_t>(b) + b->size);
+    std::vector<std::unique_ptr<char[]>> keepers;
+    keepers.reserve(kMaxKeepers);
+    while (keepers.size() < kMaxKeepers) {
+        std::unique_ptr<char[]> block(new (std::nothrow) char[kKeeperBytes]);
+        if (!block) return;
+        const auto at = reinterpret_cast<uintptr_t>(block.get());
+        const bool above = (at & ~(kRegion - 1)) == region && at > top;
+        keepers.push_back(std::move(block));
+        if (above) {
+            heapKeepers_ = std::move(keepers);
+            return;
+        }
+    }
 }
 
 void Session::CloseRecordsets() {

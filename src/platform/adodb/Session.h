@@ -157,6 +157,11 @@ private:
     std::atomic<std::thread::id> caller_{};
     std::vector<RecordsetImpl*> recordsets_;
     std::vector<MYSQL_RES*> pendingFree_;
+    // Embedded road: blocks taken on the engine thread after the last large
+    // result, which keep that result's memory in the thread's heap when the
+    // result is freed, so that the next one reuses it (see KeepHeap).
+    std::vector<std::unique_ptr<char[]>> heapKeepers_;
+    void KeepHeap(MYSQL_RES* res);  // on the engine thread
 };
 
 }  // namespace OVT_ZARO::ADODB::detail
