@@ -25,7 +25,8 @@
 // Contenders: zaro (ZARODatos: daarticulo.Listar, .Entidad, .Insert and
 // Connection.Execute), raw (the C API over the engine library's client, the
 // baseline of the ratios), soci (SOCI 4), qt (Qt SQL 6, QMYSQL), rawc (the C
-// API over Connector/C, the peers' client library); --also adds the
+// API over Connector/C, the peers' client library), zaro-t0 (ZARODatos with
+// CommandTimeout=0, not run unless named); --also adds the
 // ZARODatos contender of another build's bench_peers under a name of its own
 // (to compare two builds of the library in one run).
 #include <limits.h>
@@ -107,7 +108,7 @@ Fila DeEntidad(const entarticulo& e) {
 void Zaro(const peers::Args& a) {
     try {
         auto cn = std::make_shared<ADODB::Connection>();
-        cn->Open("Socket=" + a.socket + ";User=root;Database=" + a.database);
+        cn->Open("Socket=" + a.socket + ";User=root;Database=" + a.database + a.keys);
         daarticulo da;
         da.Conexion = cn;
         daarticulo ins;
@@ -278,6 +279,9 @@ int Driver(int argc, char** argv) {
     const std::string here = Here();
     const std::string self = here + "/bench_peers";
     std::map<std::string, std::vector<std::string>> known{{"zaro", {self, "--contender", "zaro"}},
+                                                          // without the read timeout, whose poll before each
+                                                          // reply the other contenders do not pay
+                                                          {"zaro-t0", {self, "--contender", "zaro", "--keys", ";CommandTimeout=0"}},
                                                           {"raw", {self, "--contender", "raw"}},
                                                           {"soci", {here + "/bench_peer_soci"}},
                                                           {"qt", {here + "/bench_peer_qt"}},

@@ -92,6 +92,7 @@ inline std::pair<size_t, size_t> Trozo(int chunk, size_t n) {
 
 struct Args {
     std::string socket, database, dir;
+    std::string keys;  // more keys of a connection string (the ZARODatos contender)
 };
 
 inline Args LeerArgs(int argc, char** argv, int from) {
@@ -101,6 +102,7 @@ inline Args LeerArgs(int argc, char** argv, int from) {
         if (k == "--socket") a.socket = argv[i + 1];
         else if (k == "--database") a.database = argv[i + 1];
         else if (k == "--dir") a.dir = argv[i + 1];
+        else if (k == "--keys") a.keys = argv[i + 1];
     }
     if (a.socket.empty() || a.database.empty() || a.dir.empty()) {
         std::fprintf(stderr, "usage: --socket S --database D --dir DIR (then lines \"<work> <chunk>\" on input)\n");
