@@ -371,24 +371,27 @@ void Session::KeepHeap(MYSQL_RES* res) {
     constexpr size_t kMaxKeepers = 128;
     constexpr uintptr_t kRegion = uintptr_t{64} << 20;
     if (mysql_num_rows(res) < kLargeRows || !res->data) return;
+    const auto forEachBlock = [&](auto&& f) {
+        for (const USED_MEM* list : {res->data->alloc.free, res->data->alloc.used})
+            for (const USED_MEM* b = list; b; b = b->next) f(b);
+    };
+    const auto regionOf = [](const void* p) { return reinterpret_cast<uintptr_t>(p) & ~(kRegion - 1); };
     const USED_MEM* newest = nullptr;
-    for (const USED_MEM* list : {res->data->alloc.free, res->data->alloc.used})
-        for (const USED_MEM* b = list; b; b = b->next)
-            if (!newest || b->size > newest->size || (b->size == newest->size && b > newest)) newest = b;
+    forEachBlock([&](const USED_MEM* b) {
+        if (!newest || b->size > newest->size || (b->size == newest->size && b > newest)) newest = b;
+    });
     if (!newest) return;
-    const uintptr_t region = reinterpret_cast<uintptr_t>(newest) & ~(kRegion - 1);
+    const uintptr_t region = regionOf(newest);
     uintptr_t top = 0;
-    for (const USED_MEM* list : {res->data->alloc.free, res->data->alloc.used})
-        for (const USED_MEM* b = list; b; b = b->next)
-            if ((reinterpret_cast<uintptr_t>(b) & ~(kRegion - 1)) == region)
-                top = std::max(top, reinterpret_cast<uintptr_t>(b) + b->size);
+    forEachBlock([&](const USED_MEM* b) {
+        if (regionOf(b) == region) top = std::max(top, reinterpret_cast<uintptr_t>(b) + b->size);
+    });
     std::vector<std::unique_ptr<char[]>> keepers;
     keepers.reserve(kMaxKeepers);
     while (keepers.size() < kMaxKeepers) {
         std::unique_ptr<char[]> block(new (std::nothrow) char[kKeeperBytes]);
         if (!block) return;
-        const auto at = reinterpret_cast<uintptr_t>(block.get());
-        const bool above = (at & ~(kRegion - 1)) == region && at > top;
+        const bool above = regionOf(block.get()) == region && reinterpret_cast<uintptr_t>(block.get()) > top;
         keepers.push_back(std::move(block));
         if (above) {
             heapKeepers_ = std::move(keepers);
