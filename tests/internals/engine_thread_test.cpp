@@ -79,3 +79,21 @@ TEST(EngineThread, CallersOnThreadsThatComeAndGoAreServedOneAfterAnother) {
         }).join();
     EXPECT_EQ(t.Run([&] { return total; }), 4000);
 }
+
+TEST(EngineThread, TheMachinesRunnableThreadsAreReadFromTheLoadAverageText) {
+    using OVT_ZARO::ADODB::detail::RunnableThreads;
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 3/456 12345\n"), 3);
+    EXPECT_EQ(RunnableThreads("12.00 8.50 7.25 17/2048 99"), 17);
+    EXPECT_EQ(RunnableThreads("0.00 0.00 0.00 0/1 1"), 0);
+}
+
+TEST(EngineThread, ALoadAverageTextWithoutRunnableThreadsGivesMinusOne) {
+    using OVT_ZARO::ADODB::detail::RunnableThreads;
+    EXPECT_EQ(RunnableThreads(""), -1);
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60"), -1);
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 "), -1);
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 x/456 1"), -1);
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 3"), -1);
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 3 456"), -1);
+    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 -3/456 1"), -1);
+}

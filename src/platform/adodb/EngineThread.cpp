@@ -1,13 +1,16 @@
 #include "platform/adodb/EngineThread.h"
 
+#include <fcntl.h>
 #include <linux/futex.h>
 #include <sched.h>
-#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <charconv>
 #include <chrono>
 #include <climits>
+#include <string_view>
+#include <system_error>
 
 #include <mysql.h>
 
@@ -25,28 +28,58 @@ constexpr int64_t kSpinAloneNs = 5000;
 
 }  // namespace
 
-// Whether spinning pays now. On a machine with more runnable threads than
-// processors a spinning thread is preempted, and takes the processor from
-// the very thread it waits for: then sleeping at once hands over faster. The
-// sign is the waiting thread's own involuntary context switches, sampled
-// every 64 waits; after a busy sample the side sleeps at once for the next
-// 1,024 waits, then tries spinning again.
+long RunnableThreads(std::string_view loadavg) {
+    // "0.44 0.56 0.60 3/456 12345": the fourth field, before its slash.
+    size_t at = 0;
+    for (int field = 0; field < 3; ++field) {
+        at = loadavg.find(' ', at);
+        if (at == std::string_view::npos) return -1;
+        ++at;
+    }
+    long n = -1;
+    const char* end = loadavg.data() + loadavg.size();
+    const auto [next, ec] = std::from_chars(loadavg.data() + at, end, n);
+    if (ec != std::errc() || next == end || *next != '/' || n < 0) return -1;
+    return n;
+}
+
+namespace {
+
+// True when more threads of the machine run or wait for a processor than
+// this process has processors: then a spinning side takes the processor
+// from a thread in line for it, maybe the very one it waits for. Unknown
+// (no /proc) counts as crowded, since sleeping is never much worse.
+bool MachineCrowded() {
+    static const int fd = open("/proc/loadavg", O_RDONLY | O_CLOEXEC);
+    static const long processors = [] {
+        cpu_set_t set;
+        CPU_ZERO(&set);
+        return sched_getaffinity(0, sizeof set, &set) == 0 ? CPU_COUNT(&set) : 1L;
+    }();
+    if (fd < 0) return true;
+    char text[128];
+    const ssize_t n = pread(fd, text, sizeof text, 0);
+    if (n <= 0) return true;
+    const long runnable = RunnableThreads(std::string_view(text, static_cast<size_t>(n)));
+    return runnable < 0 || runnable > processors;
+}
+
+}  // namespace
+
+// Whether spinning pays now. The sign is the machine's runnable threads,
+// sampled every 64 waits: two crowded samples in a row and the side sleeps
+// at once until four samples in a row (256 waits) find the machine
+// uncrowded again. (A thread's own involuntary context switches are no such
+// sign: they count the spin's own yields, and while sleeping every wake-up.)
 int64_t EngineThread::SpinGauge::Budget() {
     if ((++waits & 63) != 0) return budgetNs;
-    rusage ru{};
-    getrusage(RUSAGE_THREAD, &ru);
-    const long preempted = ru.ru_nivcsw;
-    if (lastPreempted >= 0) {
-        if (preempted - lastPreempted > 2) {
-            budgetNs = 0;
-            hold = 16;
-        } else if (hold > 0) {
-            --hold;
-        } else {
-            budgetNs = kSpinNs;
-        }
+    if (MachineCrowded()) {
+        calm = 0;
+        if (++crowded >= 2) budgetNs = 0;
+    } else {
+        crowded = 0;
+        if (budgetNs == 0 && ++calm >= 4) budgetNs = kSpinNs;
     }
-    lastPreempted = preempted;
     return budgetNs;
 }
 
@@ -68,10 +101,13 @@ inline void CpuRelax() {
 
 // Waits until word differs from old; spins for up to budget nanoseconds,
 // then sleeps with the flag raised so that the other side knows to wake it.
-uint32_t WaitChange(std::atomic<uint32_t>& word, uint32_t old, std::atomic<uint32_t>& sleeping, int64_t budget) {
+// A side on the processor of the other side's last call does not spin: the
+// other side cannot run before it stops.
+uint32_t WaitChange(std::atomic<uint32_t>& word, uint32_t old, std::atomic<uint32_t>& sleeping, int64_t budget,
+                    const std::atomic<int>& otherCpu) {
     uint32_t v = word.load(std::memory_order_acquire);
     if (v != old) return v;
-    if (budget > 0) {
+    if (budget > 0 && otherCpu.load(std::memory_order_relaxed) != sched_getcpu()) {
         const auto start = std::chrono::steady_clock::now();
         for (unsigned i = 1;; ++i) {
             CpuRelax();
@@ -113,12 +149,13 @@ EngineThread::~EngineThread() {
 void EngineThread::Dispatch(void (*fn)(void*), void* arg) {
     fn_ = fn;
     arg_ = arg;
+    callerCpu_.store(sched_getcpu(), std::memory_order_relaxed);
     const uint32_t seq = posted_.load(std::memory_order_relaxed) + 1;
     posted_.store(seq, std::memory_order_seq_cst);
     if (workerSleeping_.load(std::memory_order_seq_cst)) FutexWake(posted_);
     uint32_t d = done_.load(std::memory_order_acquire);
     const int64_t budget = callerGauge_.Budget();
-    while (d != seq) d = WaitChange(done_, d, callerSleeping_, budget);
+    while (d != seq) d = WaitChange(done_, d, callerSleeping_, budget, workerCpu_);
 }
 
 void EngineThread::Loop() {
@@ -126,8 +163,9 @@ void EngineThread::Loop() {
     mysql_thread_init();
     uint32_t seen = 0;
     for (;;) {
-        const uint32_t seq = WaitChange(posted_, seen, workerSleeping_, workerGauge_.Budget());
+        const uint32_t seq = WaitChange(posted_, seen, workerSleeping_, workerGauge_.Budget(), callerCpu_);
         seen = seq;
+        workerCpu_.store(sched_getcpu(), std::memory_order_relaxed);
         const bool last = stop_;
         fn_(arg_);
         if (last) mysql_thread_end();

@@ -4,7 +4,8 @@
 // comes back to the caller. Both sides spin briefly (150 microseconds) before
 // they sleep, so that on an idle machine a call that follows another costs
 // about a microsecond of hand-over; on a machine with more runnable threads
-// than processors they sleep at once, which is faster there.
+// than processors, or when both sides are on one processor, they sleep at
+// once, which is faster there.
 // REQUIRES: one caller at a time.
 #pragma once
 
@@ -12,11 +13,16 @@
 #include <cstdint>
 #include <exception>
 #include <optional>
+#include <string_view>
 #include <thread>
 #include <type_traits>
 #include <utility>
 
 namespace OVT_ZARO::ADODB::detail {
+
+// The number of threads of the machine running or waiting for a processor,
+// from the text of /proc/loadavg; -1 when the text does not give it.
+long RunnableThreads(std::string_view loadavg);
 
 class EngineThread {
 public:
@@ -76,8 +82,8 @@ private:
         int64_t Budget();
         int64_t budgetNs = 150000;
         uint32_t waits = 0;
-        long lastPreempted = -1;
-        int hold = 0;
+        int crowded = 0;  // crowded samples in a row
+        int calm = 0;     // uncrowded samples in a row while sleeping at once
     };
 
     void Dispatch(void (*fn)(void*), void* arg);
@@ -90,6 +96,9 @@ private:
     std::atomic<uint32_t> done_{0};
     std::atomic<uint32_t> workerSleeping_{0};
     std::atomic<uint32_t> callerSleeping_{0};
+    // The processor each side last ran a call's hand-over on.
+    std::atomic<int> callerCpu_{-1};
+    std::atomic<int> workerCpu_{-1};
     SpinGauge callerGauge_;  // used by the caller only
     SpinGauge workerGauge_;  // used by the engine thread only
     std::thread thread_;
