@@ -6,9 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdio>
 #include <chrono>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -80,20 +82,29 @@ TEST(EngineThread, CallersOnThreadsThatComeAndGoAreServedOneAfterAnother) {
     EXPECT_EQ(t.Run([&] { return total; }), 4000);
 }
 
-TEST(EngineThread, TheMachinesRunnableThreadsAreReadFromTheLoadAverageText) {
-    using OVT_ZARO::ADODB::detail::RunnableThreads;
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 3/456 12345\n"), 3);
-    EXPECT_EQ(RunnableThreads("12.00 8.50 7.25 17/2048 99"), 17);
-    EXPECT_EQ(RunnableThreads("0.00 0.00 0.00 0/1 1"), 0);
+TEST(EngineThread, AThreadsRunQueueTimeIsReadFromItsSchedstatText) {
+    using OVT_ZARO::ADODB::detail::QueuedNs;
+    EXPECT_EQ(QueuedNs("1532781 20481 37\n"), 20481);
+    EXPECT_EQ(QueuedNs("0 0 0"), 0);
+    EXPECT_EQ(QueuedNs("98765432101234 12345678901234 77"), 12345678901234);
 }
 
-TEST(EngineThread, ALoadAverageTextWithoutRunnableThreadsGivesMinusOne) {
-    using OVT_ZARO::ADODB::detail::RunnableThreads;
-    EXPECT_EQ(RunnableThreads(""), -1);
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60"), -1);
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 "), -1);
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 x/456 1"), -1);
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 3"), -1);
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 3 456"), -1);
-    EXPECT_EQ(RunnableThreads("0.44 0.56 0.60 -3/456 1"), -1);
+TEST(EngineThread, ASchedstatTextWithoutARunQueueTimeGivesMinusOne) {
+    using OVT_ZARO::ADODB::detail::QueuedNs;
+    EXPECT_EQ(QueuedNs(""), -1);
+    EXPECT_EQ(QueuedNs("1532781"), -1);
+    EXPECT_EQ(QueuedNs("1532781 "), -1);
+    EXPECT_EQ(QueuedNs("1532781 20481"), -1);
+    EXPECT_EQ(QueuedNs("1532781 x 37"), -1);
+    EXPECT_EQ(QueuedNs("1532781 -5 37"), -1);
+}
+
+TEST(EngineThread, TheCallingThreadsRunQueueTimeIsReadable) {
+    // The hand-over's choice between spinning and sleeping rests on it.
+    char text[96] = {};
+    FILE* f = fopen("/proc/thread-self/schedstat", "r");
+    ASSERT_NE(f, nullptr);
+    const size_t n = fread(text, 1, sizeof text - 1, f);
+    fclose(f);
+    EXPECT_GE(OVT_ZARO::ADODB::detail::QueuedNs(std::string_view(text, n)), 0) << text;
 }

@@ -28,58 +28,72 @@ constexpr int64_t kSpinAloneNs = 5000;
 
 }  // namespace
 
-long RunnableThreads(std::string_view loadavg) {
-    // "0.44 0.56 0.60 3/456 12345": the fourth field, before its slash.
-    size_t at = 0;
-    for (int field = 0; field < 3; ++field) {
-        at = loadavg.find(' ', at);
-        if (at == std::string_view::npos) return -1;
-        ++at;
-    }
-    long n = -1;
-    const char* end = loadavg.data() + loadavg.size();
-    const auto [next, ec] = std::from_chars(loadavg.data() + at, end, n);
-    if (ec != std::errc() || next == end || *next != '/' || n < 0) return -1;
-    return n;
+int64_t QueuedNs(std::string_view schedstat) {
+    // "<ns on a processor> <ns waiting for one> <time slices>": the second.
+    const size_t at = schedstat.find(' ');
+    if (at == std::string_view::npos) return -1;
+    int64_t ns = -1;
+    const char* end = schedstat.data() + schedstat.size();
+    const auto [next, ec] = std::from_chars(schedstat.data() + at + 1, end, ns);
+    if (ec != std::errc() || next == end || *next != ' ' || ns < 0) return -1;
+    return ns;
 }
 
 namespace {
 
-// True when more threads of the machine run or wait for a processor than
-// this process has processors: then a spinning side takes the processor
-// from a thread in line for it, maybe the very one it waits for. Unknown
-// (no /proc) counts as crowded, since sleeping is never much worse.
-bool MachineCrowded() {
-    static const int fd = open("/proc/loadavg", O_RDONLY | O_CLOEXEC);
-    static const long processors = [] {
-        cpu_set_t set;
-        CPU_ZERO(&set);
-        return sched_getaffinity(0, sizeof set, &set) == 0 ? CPU_COUNT(&set) : 1L;
-    }();
-    if (fd < 0) return true;
-    char text[128];
-    const ssize_t n = pread(fd, text, sizeof text, 0);
-    if (n <= 0) return true;
-    const long runnable = RunnableThreads(std::string_view(text, static_cast<size_t>(n)));
-    return runnable < 0 || runnable > processors;
+// The calling thread's own /proc/thread-self/schedstat, open for its life.
+struct OwnSchedStat {
+    int fd = open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC);
+    ~OwnSchedStat() {
+        if (fd >= 0) close(fd);
+    }
+};
+
+// How long the calling thread has waited for a processor so far, in
+// nanoseconds; -1 when the system does not tell.
+int64_t OwnQueuedNs(const void** who) {
+    thread_local OwnSchedStat own;
+    *who = &own;
+    if (own.fd < 0) return -1;
+    char text[96];
+    const ssize_t n = pread(own.fd, text, sizeof text, 0);
+    return n > 0 ? QueuedNs(std::string_view(text, static_cast<size_t>(n))) : -1;
+}
+
+int64_t NowNs() {
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
 }
 
 }  // namespace
 
-// Whether spinning pays now. The sign is the machine's runnable threads,
-// sampled every 64 waits: two crowded samples in a row and the side sleeps
-// at once until four samples in a row (256 waits) find the machine
-// uncrowded again. (A thread's own involuntary context switches are no such
-// sign: they count the spin's own yields, and while sleeping every wake-up.)
+// Whether spinning pays now. It does while the waiting thread gets a
+// processor whenever it wants one; when it waits for one more than a quarter
+// of the time (its own time in the run queue, sampled every 64 waits), the
+// machine has more runnable threads than processors, a spinning side takes
+// the processor from a thread in line for it, maybe the very one it waits
+// for, and sleeping at once hands over faster. After such a sample the side
+// sleeps at once until 16 samples in a row (1,024 waits) find it served
+// again. Where the system does not tell, the side sleeps at once. (A
+// thread's involuntary context switches are no such sign: they count the
+// spin's own yields, and while sleeping every wake-up.)
 int64_t EngineThread::SpinGauge::Budget() {
     if ((++waits & 63) != 0) return budgetNs;
-    if (MachineCrowded()) {
-        calm = 0;
-        if (++crowded >= 2) budgetNs = 0;
-    } else {
-        crowded = 0;
-        if (budgetNs == 0 && ++calm >= 4) budgetNs = kSpinNs;
+    const void* who = nullptr;
+    const int64_t queued = OwnQueuedNs(&who);
+    const int64_t now = NowNs();
+    if (queued < 0) return budgetNs = 0;
+    if (who == thread && now > lastNs) {
+        if ((queued - lastQueuedNs) * 4 > now - lastNs) {
+            budgetNs = 0;
+            hold = 16;
+        } else if (hold > 0 && --hold == 0) {
+            budgetNs = kSpinNs;
+        }
     }
+    thread = who;  // a caller on another thread starts afresh
+    lastNs = now;
+    lastQueuedNs = queued;
     return budgetNs;
 }
 

@@ -4,8 +4,8 @@
 // comes back to the caller. Both sides spin briefly (150 microseconds) before
 // they sleep, so that on an idle machine a call that follows another costs
 // about a microsecond of hand-over; on a machine with more runnable threads
-// than processors, or when both sides are on one processor, they sleep at
-// once, which is faster there.
+// than processors (a side finds itself waiting for a processor), or when
+// both sides are on one processor, they sleep at once, which is faster there.
 // REQUIRES: one caller at a time.
 #pragma once
 
@@ -20,9 +20,9 @@
 
 namespace OVT_ZARO::ADODB::detail {
 
-// The number of threads of the machine running or waiting for a processor,
-// from the text of /proc/loadavg; -1 when the text does not give it.
-long RunnableThreads(std::string_view loadavg);
+// How long a thread has waited for a processor, in nanoseconds, from the
+// text of its /proc schedstat file; -1 when the text does not give it.
+int64_t QueuedNs(std::string_view schedstat);
 
 class EngineThread {
 public:
@@ -82,8 +82,10 @@ private:
         int64_t Budget();
         int64_t budgetNs = 150000;
         uint32_t waits = 0;
-        int crowded = 0;  // crowded samples in a row
-        int calm = 0;     // uncrowded samples in a row while sleeping at once
+        int hold = 0;                   // samples still to sleep at once
+        const void* thread = nullptr;   // the thread of the last sample
+        int64_t lastNs = 0;             // the time of the last sample
+        int64_t lastQueuedNs = 0;       // the thread's run-queue time then
     };
 
     void Dispatch(void (*fn)(void*), void* arg);
