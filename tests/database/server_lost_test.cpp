@@ -111,6 +111,38 @@ TEST_F(ServerLost, AServerThatStopsAnsweringGivesAnErrorAfterTheCommandTimeout) 
     EXPECT_NO_THROW(cn->Execute("SELECT 1"));
 }
 
+TEST_F(ServerLost, AStatementTheServerWorksOnLongerThanTheCommandTimeoutGivesTheLostServerError) {
+    zaro_test::MariaDbServer& srv = *server;
+    auto cn = Open(srv, ";CommandTimeout=1");
+    const auto start = std::chrono::steady_clock::now();
+    const Error lost = zaro_test::Capturar([&] { cn->Execute("SELECT SLEEP(4)"); });
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(lost.Number, 2013) << lost.Description;
+    EXPECT_EQ(lost.Source, "ADODB.Connection");
+    EXPECT_GE(waited, std::chrono::milliseconds(900));
+    EXPECT_LT(waited, std::chrono::milliseconds(3000));
+    // The session is opened again for the next statement.
+    EXPECT_EQ(cn->Execute("SELECT 7")->Fields().Item(int32_t{0}).Value(), Variant(int32_t{7}));
+}
+
+// The command timeout bounds each wait for the server, not a whole read: rows
+// that keep coming for longer than it are all read.
+TEST_F(ServerLost, AReadThatKeepsReceivingRowsLongerThanTheCommandTimeoutIsNotCut) {
+    zaro_test::MariaDbServer& srv = *server;
+    auto cn = Open(srv, ";CommandTimeout=1");
+    // About 2.5 seconds of rows of 8,000 characters, one every 0.6 ms or so.
+    const auto start = std::chrono::steady_clock::now();
+    auto rs = cn->Execute("SELECT seq, SLEEP(0.0005), REPEAT('x', 8000) FROM seq_1_to_4000");
+    const auto took = std::chrono::steady_clock::now() - start;
+    int64_t rows = 0;
+    while (!rs->EOF_()) {
+        ++rows;
+        rs->MoveNext();
+    }
+    EXPECT_EQ(rows, 4000);
+    EXPECT_GT(took, std::chrono::milliseconds(1500)) << "the rows came too fast to show it";
+}
+
 // A statement the server read before it paused is applied when it goes on,
 // after the client gave up on it. The session opened again waits for the
 // lost one to end first, so that what it reads is what stays.

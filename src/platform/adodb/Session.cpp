@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <chrono>
 #include <filesystem>
 #include <new>
@@ -21,6 +22,10 @@
 // The engine's number of an in-process session (a server function; the
 // client's mysql_thread_id is 0 on the embedded road).
 extern "C" unsigned long thd_get_thread_id(const void* thd);
+// The client's read timeout of an open handle, in seconds; one too large
+// for the client to count in milliseconds means none.
+extern "C" void my_net_set_read_timeout(NET* net, unsigned int timeout);
+constexpr unsigned kNoReadTimeout = INT_MAX;
 
 namespace OVT_ZARO::ADODB::detail {
 
@@ -63,7 +68,9 @@ void Session::RaiseUsedByTwoThreads() {
 // Only the embedded road has an engine thread: the in-process engine is much
 // slower on a process's main thread; a client of a server is not.
 Session::Session(const ConnectionOptions& options)
-    : options_(options), thread_(options.embedded ? std::make_unique<EngineThread>() : nullptr) {}
+    : options_(options),
+      thread_(options.embedded ? std::make_unique<EngineThread>() : nullptr),
+      watch_(options.embedded ? 0 : options.commandTimeout) {}
 
 std::shared_ptr<Session> Session::Open(const ConnectionOptions& options) {
     std::shared_ptr<Session> s(new Session(options));
@@ -109,6 +116,12 @@ void Session::Connect(size_t first) {
     } else {
         sessionId_ = mysql_thread_id(m);
         localPort_ = options_.socket.empty() ? LocalPort(m) : 0;
+        // Once open, the session's reads block, and the watch keeps their
+        // command timeout (see CallWatch.h).
+        if (watch_.On()) {
+            my_net_set_read_timeout(&m->net, kNoReadTimeout);
+            watch_.SetSocket(mysql_get_socket(m));
+        }
     }
 }
 
@@ -156,6 +169,7 @@ MYSQL* Session::OpenHandle(const char* host, unsigned port) {
 }
 
 void Session::Disconnect() {
+    watch_.SetSocket(-1);
     if (mysql_) mysql_close(mysql_);
     mysql_ = nullptr;
 }

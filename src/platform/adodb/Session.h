@@ -11,6 +11,7 @@
 
 #include <mysql.h>
 
+#include "platform/adodb/CallWatch.h"
 #include "platform/adodb/CallerThread.h"
 #include "platform/adodb/ConnectionString.h"
 #include "platform/adodb/EngineThread.h"
@@ -39,6 +40,7 @@ public:
         };
         if (thread_) return thread_->Run(std::move(job));
         CallerThread announced;
+        const CallWatch::Scope watched(watch_);
         return job();
     }
 
@@ -137,6 +139,7 @@ private:
 
     ConnectionOptions options_;
     std::unique_ptr<EngineThread> thread_;
+    CallWatch watch_;  // server road: the command timeout of the session's reads
     MYSQL* mysql_ = nullptr;
     bool lost_ = false;
     bool modeLost_ = false;
