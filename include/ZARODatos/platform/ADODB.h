@@ -43,7 +43,11 @@
 //   - a watch thread with a session of its own looks once a second, while an
 //     embedded call runs, for statements waiting for disk space (see 1021
 //     below).
-// A process that only reaches servers does none of this.
+// A process that only reaches servers does none of this. There, once the
+// first server connection with a CommandTimeout opens, a watch thread looks
+// five times a second at the calls under way, and shuts the socket of one
+// whose thread has waited for its server without running for CommandTimeout
+// (the call raises 2013); it runs until the process exits.
 //
 // Ownership: the caller owns a Connection and the Recordsets it opens or gets
 // back. A Recordset keeps the connection's session alive while it is open, so
