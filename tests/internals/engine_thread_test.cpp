@@ -6,11 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cstdio>
 #include <chrono>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -80,31 +78,4 @@ TEST(EngineThread, CallersOnThreadsThatComeAndGoAreServedOneAfterAnother) {
             for (int i = 0; i < 500; ++i) t.Run([&] { ++total; });
         }).join();
     EXPECT_EQ(t.Run([&] { return total; }), 4000);
-}
-
-TEST(EngineThread, AThreadsRunQueueTimeIsReadFromItsSchedstatText) {
-    using OVT_ZARO::ADODB::detail::QueuedNs;
-    EXPECT_EQ(QueuedNs("1532781 20481 37\n"), 20481);
-    EXPECT_EQ(QueuedNs("0 0 0"), 0);
-    EXPECT_EQ(QueuedNs("98765432101234 12345678901234 77"), 12345678901234);
-}
-
-TEST(EngineThread, ASchedstatTextWithoutARunQueueTimeGivesMinusOne) {
-    using OVT_ZARO::ADODB::detail::QueuedNs;
-    EXPECT_EQ(QueuedNs(""), -1);
-    EXPECT_EQ(QueuedNs("1532781"), -1);
-    EXPECT_EQ(QueuedNs("1532781 "), -1);
-    EXPECT_EQ(QueuedNs("1532781 20481"), -1);
-    EXPECT_EQ(QueuedNs("1532781 x 37"), -1);
-    EXPECT_EQ(QueuedNs("1532781 -5 37"), -1);
-}
-
-TEST(EngineThread, TheCallingThreadsRunQueueTimeIsReadable) {
-    // The hand-over's choice between spinning and sleeping rests on it.
-    char text[96] = {};
-    FILE* f = fopen("/proc/thread-self/schedstat", "r");
-    ASSERT_NE(f, nullptr);
-    const size_t n = fread(text, 1, sizeof text - 1, f);
-    fclose(f);
-    EXPECT_GE(OVT_ZARO::ADODB::detail::QueuedNs(std::string_view(text, n)), 0) << text;
 }

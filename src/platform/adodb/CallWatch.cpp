@@ -1,4 +1,5 @@
 #include "platform/adodb/CallWatch.h"
+#include "platform/adodb/SchedStat.h"
 
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -6,23 +7,12 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
-#include <string>
-#include <system_error>
 #include <thread>
 #include <vector>
 
 namespace OVT_ZARO::ADODB::detail {
-
-int64_t RunNs(const char* text, size_t size) {
-    // "<ns on a processor> <ns waiting for one> <time slices>": the first.
-    int64_t ns = -1;
-    const auto [next, ec] = std::from_chars(text, text + size, ns);
-    if (ec != std::errc() || next == text + size || *next != ' ' || ns < 0) return -1;
-    return ns;
-}
 
 namespace {
 
@@ -31,21 +21,14 @@ pid_t CurrentTid() {
     return tid;
 }
 
-int64_t NowNs() {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
 // The run time of a thread of this process; -1 when the system does not tell.
 int64_t ThreadRunNs(pid_t tid) {
     char path[64];
     std::snprintf(path, sizeof path, "/proc/self/task/%d/schedstat", static_cast<int>(tid));
     const int fd = open(path, O_RDONLY | O_CLOEXEC);
-    if (fd < 0) return -1;
-    char text[96];
-    const ssize_t n = read(fd, text, sizeof text);
-    close(fd);
-    return n > 0 ? RunNs(text, static_cast<size_t>(n)) : -1;
+    const auto s = ReadSchedStat(fd);
+    if (fd >= 0) close(fd);
+    return s ? s->runNs : -1;
 }
 
 // How often the watch looks at the calls under way.
@@ -82,7 +65,7 @@ private:
         for (;;) {
             std::this_thread::sleep_for(kLookEvery);
             const std::lock_guard<std::mutex> g(m_);
-            const int64_t now = NowNs();
+            const int64_t now = SteadyNowNs();
             for (CallWatch* c : watched_) Look(*c, now);
         }
     }

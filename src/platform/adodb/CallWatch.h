@@ -17,10 +17,6 @@
 
 namespace OVT_ZARO::ADODB::detail {
 
-// The thread's run time so far, in nanoseconds, from the text of its /proc
-// schedstat file; -1 when the text does not give it.
-int64_t RunNs(const char* text, size_t size);
-
 class CallWatch {
 public:
     // timeoutS 0: no watch.

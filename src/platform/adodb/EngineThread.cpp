@@ -1,4 +1,5 @@
 #include "platform/adodb/EngineThread.h"
+#include "platform/adodb/SchedStat.h"
 
 #include <fcntl.h>
 #include <linux/futex.h>
@@ -6,11 +7,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <charconv>
 #include <chrono>
 #include <climits>
-#include <string_view>
-#include <system_error>
 
 #include <mysql.h>
 
@@ -28,17 +26,6 @@ constexpr int64_t kSpinAloneNs = 5000;
 
 }  // namespace
 
-int64_t QueuedNs(std::string_view schedstat) {
-    // "<ns on a processor> <ns waiting for one> <time slices>": the second.
-    const size_t at = schedstat.find(' ');
-    if (at == std::string_view::npos) return -1;
-    int64_t ns = -1;
-    const char* end = schedstat.data() + schedstat.size();
-    const auto [next, ec] = std::from_chars(schedstat.data() + at + 1, end, ns);
-    if (ec != std::errc() || next == end || *next != ' ' || ns < 0) return -1;
-    return ns;
-}
-
 namespace {
 
 // The calling thread's own /proc/thread-self/schedstat, open for its life.
@@ -50,19 +37,12 @@ struct OwnSchedStat {
 };
 
 // How long the calling thread has waited for a processor so far, in
-// nanoseconds; -1 when the system does not tell.
+// nanoseconds; -1 when the system does not tell. who: the thread.
 int64_t OwnQueuedNs(const void** who) {
     thread_local OwnSchedStat own;
     *who = &own;
-    if (own.fd < 0) return -1;
-    char text[96];
-    const ssize_t n = pread(own.fd, text, sizeof text, 0);
-    return n > 0 ? QueuedNs(std::string_view(text, static_cast<size_t>(n))) : -1;
-}
-
-int64_t NowNs() {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
-        .count();
+    const auto s = ReadSchedStat(own.fd);
+    return s ? s->queuedNs : -1;
 }
 
 }  // namespace
@@ -81,7 +61,7 @@ int64_t EngineThread::SpinGauge::Budget() {
     if ((++waits & 63) != 0) return budgetNs;
     const void* who = nullptr;
     const int64_t queued = OwnQueuedNs(&who);
-    const int64_t now = NowNs();
+    const int64_t now = SteadyNowNs();
     if (queued < 0) return budgetNs = 0;
     if (who == thread && now > lastNs) {
         if ((queued - lastQueuedNs) * 4 > now - lastNs) {

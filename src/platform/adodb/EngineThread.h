@@ -13,16 +13,11 @@
 #include <cstdint>
 #include <exception>
 #include <optional>
-#include <string_view>
 #include <thread>
 #include <type_traits>
 #include <utility>
 
 namespace OVT_ZARO::ADODB::detail {
-
-// How long a thread has waited for a processor, in nanoseconds, from the
-// text of its /proc schedstat file; -1 when the text does not give it.
-int64_t QueuedNs(std::string_view schedstat);
 
 class EngineThread {
 public:
